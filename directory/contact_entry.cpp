@@ -1,0 +1,170 @@
+// Adding and updating contacts. A new contact goes through the ordered insert; an update edits the
+// record where it stands, unless the name changes: the name decides the place in the list.
+
+#include "directory/contact_local_manager.h"
+#include "platform/device_services.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+bool Assign(qz::basic_string<char>& strField, const qz::basic_string<char>& strNew)
+{
+    if (strField == strNew) {
+        return false;
+    }
+    strField = strNew;
+    return true;
+}
+
+bool Assign(int& nField, int nNew)
+{
+    const bool bDiffers = nField != nNew;
+    nField = nNew;
+    return bDiffers;
+}
+
+}  // namespace
+
+int CContactLocalManager::AddContact(const qz::basic_string<char>& strGroupName,
+                                     const ContactGeneralItemData& data)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    const int nGroupId = MyGName2Id(strGroupName);
+    return nGroupId < 0 ? DIR_RET_GROUP_NOT_FOUND : AddContactById(nGroupId, data);
+}
+
+int CContactLocalManager::AddBlackContact(const ContactGeneralItemData& data)
+{
+    return AddContactById(GROUP_ID_BLACKLIST, data);
+}
+
+int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemData& data)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    if (MyFindGroupById(nGroupId) == nullptr) {
+        return DIR_RET_GROUP_ID_FAIL;
+    }
+    // The insert tests this first too; here it spares a full directory the making of the record.
+    const int nTest = MyTestContactLimit(MyContactLimits(), nGroupId, nullptr);
+    if (nTest < 0) {
+        return nTest;
+    }
+    ItemData item;
+    if (MyCGID2ID(&item, nGroupId, data, false) == DIR_RET_NONE) {
+        return DIR_RET_INVALID;
+    }
+    return MyInsertContactNoCheckGroup(item, true);
+}
+
+int CContactLocalManager::MyCGID2ID(ItemData* pItem, int nGroupId,
+                                    const ContactGeneralItemData& data, bool bUnused) const
+{
+    (void)bUnused;
+    if (nGroupId == GROUP_ID_NONE || pItem == nullptr) {
+        return DIR_RET_NONE;
+    }
+    pItem->m_strDisplayName = data.m_strDisplayName;
+    pItem->m_strOfficeNumber = data.m_strOfficeNumber;
+    pItem->m_strMobileNumber = data.m_strMobileNumber;
+    pItem->m_strOtherNumber = data.m_strOtherNumber;
+    pItem->m_strRing = data.m_strRing;
+    pItem->m_nLine = data.m_nLine;
+    pItem->m_nGroupId = nGroupId;
+    if (IsColorfulScreen() != 0) {
+        pItem->m_strDefaultPhoto = data.m_strDefaultPhoto;
+        pItem->m_nSelectedPhoto = data.m_nSelectedPhoto;
+    }
+    return DIR_RET_OK;
+}
+
+int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strName,
+                                            const ContactGeneralItemData& data)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    if (strName.empty()) {
+        return DIR_RET_EMPTY_KEY;
+    }
+    if (!IsContactExist(strName)) {
+        return DIR_RET_CONTACT_NOT_FOUND;
+    }
+    const GroupData* pTarget = MyFindGroupByDisplayName(data.m_strGroupName);
+    if (pTarget == nullptr) {
+        return DIR_RET_GROUP_NOT_FOUND;
+    }
+    const bool bRename = !(strName == data.m_strDisplayName);
+    if (bRename && IsContactExist(data.m_strDisplayName)) {
+        return DIR_RET_CONTACT_EXIST;
+    }
+    int nCounter = 0;
+    const ItemIterator pos = MyFindAndCount(strName, pTarget->m_nId, nCounter);
+    if (bRename) {
+        return MyRenameContact(pos, pTarget->m_nId, data);
+    }
+    const int nUpdated = MyUpdateInPlace(*pos->value, pTarget->m_nId, data);
+    return nUpdated < 0 ? nUpdated : nCounter;
+}
+
+// The contact of a name that is there, and how many contacts of the group stand up to it.
+CContactLocalManager::ItemIterator CContactLocalManager::MyFindAndCount(
+    const qz::basic_string<char>& strName, int nGroupId, int& nCounter) const
+{
+    ItemIterator pos = m_listContact.begin();
+    for (;; pos = pos->next) {
+        const ItemData& item = *pos->value;
+        if (nGroupId == GROUP_ID_ALL || item.m_nGroupId == nGroupId) {
+            ++nCounter;
+        }
+        if (item.m_strDisplayName == strName) {
+            return pos;
+        }
+    }
+}
+
+int CContactLocalManager::MyRenameContact(ItemIterator pos, int nGroupId,
+                                          const ContactGeneralItemData& data)
+{
+    ItemData item;
+    if (MyCGID2ID(&item, nGroupId, data, false) == DIR_RET_NONE) {
+        return DIR_RET_INVALID;
+    }
+    // A contact that stays where it stood stays on its way home too.
+    if (pos->value->m_nGroupId == nGroupId) {
+        item.m_strKeptGroupName = pos->value->m_strKeptGroupName;
+    }
+    return MyReplaceContact(pos, item, true);
+}
+
+int CContactLocalManager::MyUpdateInPlace(ItemData& item, int nGroupId,
+                                          const ContactGeneralItemData& data)
+{
+    // Only a move across the border of the blacklist needs a slot.
+    const bool bCrosses = item.m_nGroupId != nGroupId &&
+                          (item.m_nGroupId == GROUP_ID_BLACKLIST || nGroupId == GROUP_ID_BLACKLIST);
+    const int nTest =
+        bCrosses ? MyTestContactLimit(MyContactLimits(), nGroupId, nullptr) : DIR_RET_OK;
+    if (nTest < 0) {
+        return nTest;
+    }
+    bool bChanged = Assign(item.m_strOfficeNumber, data.m_strOfficeNumber);
+    bChanged = Assign(item.m_strMobileNumber, data.m_strMobileNumber) || bChanged;
+    bChanged = Assign(item.m_strOtherNumber, data.m_strOtherNumber) || bChanged;
+    bChanged = Assign(item.m_strRing, data.m_strRing) || bChanged;
+    bChanged = Assign(item.m_nLine, data.m_nLine) || bChanged;
+    bChanged = MyChangeContactGroup(item, nGroupId) || bChanged;
+    if (IsColorfulScreen() != 0) {
+        bChanged = Assign(item.m_strDefaultPhoto, data.m_strDefaultPhoto) || bChanged;
+        bChanged = Assign(item.m_nSelectedPhoto, data.m_nSelectedPhoto) || bChanged;
+    }
+    if (bChanged) {
+        MySetContactDirty(true);
+    }
+    return DIR_RET_OK;
+}
+
+}  // namespace NS_DIRECTORY

@@ -1,0 +1,158 @@
+// Life of the directory: the instance, its start and stop, its limits and its counts.
+
+#include "directory/contact_local_manager.h"
+
+#include <new>
+
+#include "directory/internal/xml_names.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+constexpr int START_MAX_GROUP_COUNT = 50;
+constexpr int START_MAX_CONTACT_COUNT = 1000;
+constexpr int START_MAX_BLACK_COUNT = 30;
+
+int Exchange(int& nLimit, int nNew)
+{
+    const int nPrevious = nLimit;
+    nLimit = nNew;
+    return nPrevious;
+}
+
+}  // namespace
+
+CContactLocalManager* CContactLocalManager::m_pInst = nullptr;
+
+CContactLocalManager::CContactLocalManager() = default;
+
+// The records went with MyFinal(); the lists end their nodes themselves, the contacts first.
+CContactLocalManager::~CContactLocalManager() = default;
+
+void CContactLocalManager::GroupData::Reset()
+{
+    m_nId = GROUP_ID_NONE;
+    m_strDisplayName.clear();
+    m_strRing.clear();
+    m_bReadOnly = false;
+}
+
+CContactLocalManager* CContactLocalManager::GetInstance()
+{
+    if (m_pInst == nullptr) {
+        m_pInst = new (std::nothrow) CContactLocalManager;
+        if (m_pInst != nullptr) {
+            // A host gets its phone book also where a file could not be read.
+            (void)m_pInst->MyInit();
+        }
+    }
+    return m_pInst;
+}
+
+void CContactLocalManager::ReleaseInstance()
+{
+    if (m_pInst == nullptr) {
+        return;
+    }
+    (void)m_pInst->MyFinal();  // nothing is left to do about a list that did not empty
+    delete m_pInst;
+    m_pInst = nullptr;
+}
+
+bool CContactLocalManager::MyInit()
+{
+    if (m_pIdGenerator == nullptr) {
+        m_pIdGenerator = new (std::nothrow) CRIdGenerator;
+    }
+    m_nMaxGroupCount = START_MAX_GROUP_COUNT;
+    m_nMaxContactCount = START_MAX_CONTACT_COUNT;
+    m_nMaxBlackCount = START_MAX_BLACK_COUNT;
+    // Groups first: contacts find their group by its name.
+    const int nGroups = MyLoadGroupFromXmlFile(GROUP_FILE_NAME);
+    const int nContacts = MyLoadContactFromXmlFile(CONTACT_FILE_NAME);
+    return nGroups != 0 && nContacts != 0;
+}
+
+bool CContactLocalManager::MyFinal()
+{
+    delete m_pIdGenerator;
+    m_pIdGenerator = nullptr;
+    const bool bContacts = MyClearContactList();
+    const bool bGroups = MyClearGroupList();
+    return bContacts && bGroups;
+}
+
+bool CContactLocalManager::MyClearContactList()
+{
+    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
+        delete pos->value;
+        pos = m_listContact.erase(pos);
+    }
+    m_nBlackCount = 0;
+    return m_listContact.size() == 0;
+}
+
+bool CContactLocalManager::MyClearGroupList()
+{
+    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end();) {
+        pos = MyEraseGroup(pos);
+    }
+    return true;
+}
+
+int CContactLocalManager::GetMaxGroupCount() const
+{
+    return m_nMaxGroupCount;
+}
+
+int CContactLocalManager::GetMaxContactCount() const
+{
+    return m_nMaxContactCount;
+}
+
+int CContactLocalManager::GetMaxBlackCount() const
+{
+    return m_nMaxBlackCount;
+}
+
+int CContactLocalManager::SetMaxGroupCount(int nMax)
+{
+    return Exchange(m_nMaxGroupCount, nMax);
+}
+
+int CContactLocalManager::SetMaxContactCount(int nMax)
+{
+    return Exchange(m_nMaxContactCount, nMax);
+}
+
+int CContactLocalManager::SetMaxBlackCount(int nMax)
+{
+    return Exchange(m_nMaxBlackCount, nMax);
+}
+
+int CContactLocalManager::GetCurrentGroupCount() const
+{
+    return static_cast<int>(m_listGroup.size());
+}
+
+int CContactLocalManager::GetCurrentContactCount() const
+{
+    return static_cast<int>(m_listContact.size()) - m_nBlackCount;
+}
+
+int CContactLocalManager::GetCurrentBlackCount() const
+{
+    return m_nBlackCount;
+}
+
+int CContactLocalManager::ReloadGroupAndItemByHttp()
+{
+    return DIR_RET_NONE;
+}
+
+bool CContactLocalManager::IsReloadGroupAndItemByHttp() const
+{
+    return m_bReloadByHttp;
+}
+
+}  // namespace NS_DIRECTORY

@@ -1,0 +1,205 @@
+// Editing of groups. An add, a new name and a single removal end with a reload of both files, since
+// that is what gives the groups their ids; each saves first what the reload will take.
+
+#include "directory/contact_local_manager.h"
+#include "directory/internal/name_order.h"
+
+namespace NS_DIRECTORY {
+
+int CContactLocalManager::AddGroup(const ContactGroupData& data)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    return MyAddGroup(data, GROUP_ID_NONE);
+}
+
+// The generator's id may be that of a group in the list. Nobody sees it: the file holds no ids and
+// the reload gives new ones.
+int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
+{
+    // A name that exists is told also of a full list.
+    if (IsGroupExist(data.m_strDisplayName)) {
+        return DIR_RET_GROUP_EXIST;
+    }
+    if (GetCurrentGroupCount() >= m_nMaxGroupCount) {
+        return DIR_RET_GROUP_FULL;
+    }
+    if (nId == GROUP_ID_NONE) {
+        nId = m_pIdGenerator == nullptr ? GROUP_ID_NONE : m_pIdGenerator->GenId();
+        if (nId < 0) {
+            return DIR_RET_GROUP_ID_FAIL;
+        }
+    } else if (MyFindGroupById(nId) != nullptr) {
+        return DIR_RET_GROUP_EXIST;
+    }
+    GroupData group;
+    if (MyCGD2GD(&group, nId, data) == DIR_RET_NONE) {
+        return DIR_RET_INVALID;
+    }
+    const int nPosition = MyInsertGroup(group, true);
+    if (nPosition < 0) {
+        return nPosition;
+    }
+    MyReloadAfterEdit();
+    return nPosition;
+}
+
+int CContactLocalManager::MyCGD2GD(GroupData* pGroup, int nId, const ContactGroupData& data) const
+{
+    if (pGroup == nullptr || nId < 0) {
+        return DIR_RET_NONE;
+    }
+    pGroup->m_nId = nId;
+    pGroup->m_strDisplayName = data.m_strDisplayName;
+    pGroup->m_strRing = data.m_strRing;
+    pGroup->m_bReadOnly = MyIsGroupReadOnly(nId);
+    return DIR_RET_OK;
+}
+
+// Groups first: contacts find their group by its name.
+void CContactLocalManager::MyReloadAfterEdit()
+{
+    (void)ReloadGroupXml();  // the edit is made, whatever the files give back
+    (void)ReloadContactXml();
+}
+
+int CContactLocalManager::UpdateGroupData(const qz::basic_string<char>& strName,
+                                          const ContactGroupData& data)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    if (strName.empty()) {
+        return DIR_RET_INVALID;
+    }
+    int nPosition = 0;
+    const GroupIterator pos = MyFindGroupPosition(strName, nPosition);
+    if (pos == m_listGroup.end()) {
+        return DIR_RET_INVALID;
+    }
+    if (!(strName == data.m_strDisplayName)) {
+        return MyRenameGroup(pos, data);
+    }
+    if (!(pos->value->m_strRing == data.m_strRing)) {
+        pos->value->m_strRing = data.m_strRing;
+        MySetGroupDirty(true);
+    }
+    return nPosition;
+}
+
+CContactLocalManager::GroupIterator CContactLocalManager::MyFindGroupPosition(
+    const qz::basic_string<char>& strName, int& nPosition) const
+{
+    GroupIterator pos = m_listGroup.begin();
+    for (nPosition = 0; pos != m_listGroup.end(); pos = pos->next) {
+        if (pos->value->m_strDisplayName == strName) {
+            break;
+        }
+        ++nPosition;
+    }
+    return pos;
+}
+
+int CContactLocalManager::MyRenameGroup(GroupIterator pos, const ContactGroupData& data)
+{
+    const int nTest = MyTestRename(*pos->value, data);
+    if (nTest < 0) {
+        return nTest;
+    }
+    // The contact file gets the new name while a group still bears it with this id: the contacts
+    // are about to be read back by name.
+    pos->value->m_strDisplayName = data.m_strDisplayName;
+    MySetContactDirty(true);
+    const int nId = pos->value->m_nId;
+    (void)MyEraseGroup(pos);
+    return MyAddGroup(data, nId);
+}
+
+// All that could refuse the new name, tested before anything is touched, in the order in which the
+// add would refuse it.
+int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGroupData& data) const
+{
+    if (IsGroupExist(data.m_strDisplayName)) {
+        return DIR_RET_GROUP_EXIST;
+    }
+    // A fixed group comes back afresh beside the renamed one, so it does not give up its slot.
+    const int nOthers = GetCurrentGroupCount() - (MyIsGroupReadOnly(group.m_nId) ? 0 : 1);
+    if (nOthers >= m_nMaxGroupCount) {
+        return DIR_RET_GROUP_FULL;
+    }
+    GroupData renamed;
+    (void)MyCGD2GD(&renamed, group.m_nId, data);  // the id of a stored group is never negative
+    const GroupPlace place = FindGroupPlace(m_listGroup, renamed, m_nMaxGroupCount, &group);
+    if (place.m_nResult < 0) {
+        return place.m_nResult;
+    }
+    // The contacts of a renamed blacklist become ordinary ones, and the next start would drop those
+    // that do not fit.
+    const bool bLeavesBlacklist = group.m_nId == GROUP_ID_BLACKLIST && m_nBlackCount > 0;
+    if (bLeavesBlacklist && static_cast<int>(m_listContact.size()) > m_nMaxContactCount) {
+        return DIR_RET_CONTACT_FULL;
+    }
+    return DIR_RET_OK;
+}
+
+int CContactLocalManager::RemoveGroup(const qz::basic_string<char>& strName)
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    int nPosition = 0;
+    const GroupIterator pos = MyFindGroupPosition(strName, nPosition);
+    if (pos == m_listGroup.end()) {
+        return DIR_RET_GROUP_NOT_FOUND;
+    }
+    if (MyIsGroupReadOnly(pos->value->m_nId)) {
+        return DIR_RET_GROUP_READ_ONLY;
+    }
+    (void)MyUpdateAllContactGroupId(pos->value->m_nId, GROUP_ID_ALL);
+    // Again, and also for a group without contacts: devices count on the file being fresh.
+    MySetContactDirty(true);
+    (void)MyEraseGroup(pos);
+    MySetGroupDirty(true);
+    MyReloadAfterEdit();
+    return DIR_RET_OK;
+}
+
+int CContactLocalManager::RemoveAllGroup()
+{
+    if (m_bReloadByHttp) {
+        return DIR_RET_RELOADING;
+    }
+    bool bRemoved = false;
+    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end();) {
+        if (MyIsGroupReadOnly(pos->value->m_nId)) {
+            pos = pos->next;
+            continue;
+        }
+        (void)MyUpdateAllContactGroupId(pos->value->m_nId, GROUP_ID_ALL);
+        pos = MyEraseGroup(pos);
+        bRemoved = true;
+    }
+    if (!bRemoved) {
+        return DIR_RET_GROUP_NOT_FOUND;
+    }
+    // No reload: only the fixed groups are left, and their ids stand.
+    MySetGroupDirty(true);
+    return DIR_RET_OK;
+}
+
+int CContactLocalManager::MyUpdateAllContactGroupId(int nOldId, int nNewId)
+{
+    bool bChanged = false;
+    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
+        if (pos->value->m_nGroupId == nOldId) {
+            bChanged = MyChangeContactGroup(*pos->value, nNewId) || bChanged;
+        }
+    }
+    if (bChanged) {
+        MySetContactDirty(true);
+    }
+    return DIR_RET_OK;
+}
+
+}  // namespace NS_DIRECTORY

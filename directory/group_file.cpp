@@ -1,0 +1,150 @@
+// The group file: its default, its load, its save, and the reload that renumbers the groups.
+
+#include <algorithm>
+#include <climits>
+
+#include "directory/contact_local_manager.h"
+#include "directory/internal/group_element.h"
+#include "directory/internal/xml_file.h"
+#include "directory/internal/xml_names.h"
+#include "platform/device_services.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+// What a device starts with.
+constexpr GroupElementData DEFAULT_GROUPS[] = {{NAME_ALL_CONTACTS, "", true},
+                                               {NAME_BLACKLIST, "", true},
+                                               {"Company", "", false},
+                                               {"Family", "", false},
+                                               {"Friend", "", false}};
+
+constexpr int LAST_FIXED_GROUP_ID = GROUP_ID_BLACKLIST;
+constexpr int FIRST_USER_GROUP_ID = LAST_FIXED_GROUP_ID + 1;
+
+}  // namespace
+
+int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& strPath)
+{
+    CXmlOutput file;
+    pugi::xml_node root = file.AppendRoot(ELEMENT_ROOT_GROUP);
+    for (const GroupElementData& row : DEFAULT_GROUPS) {
+        AppendGroupElement(file, root, row);
+    }
+    file.Save(strPath.c_str());
+    return DIR_RET_OK;
+}
+
+int CContactLocalManager::MyCreateDefaultGroup()
+{
+    MyInsertFixedGroups();
+    if (m_pIdGenerator != nullptr) {
+        (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);
+    }
+    return DIR_RET_OK;
+}
+
+// Whatever the limit: without its fixed groups the directory could hold no contact.
+void CContactLocalManager::MyInsertFixedGroups()
+{
+    GroupData group;
+    group.m_bReadOnly = true;
+    group.m_nId = GROUP_ID_ALL;
+    group.m_strDisplayName = NAME_ALL_CONTACTS;
+    (void)MyInsertGroupWithin(INT_MAX, group, false);  // refused only where it is there already
+    group.m_nId = GROUP_ID_BLACKLIST;
+    group.m_strDisplayName = NAME_BLACKLIST;
+    (void)MyInsertGroupWithin(INT_MAX, group, false);
+}
+
+void CContactLocalManager::MyEnsureGroupFile()
+{
+    if (ZMK_MiscHelper::pathFileExist(GROUP_FILE_PATH) == 0) {
+        (void)CreateContactGroupList(GROUP_FILE_PATH);  // the load shows what became of it
+    }
+}
+
+int CContactLocalManager::MyLoadGroupFromXmlFile(const qz::basic_string<char>& strFileName)
+{
+    (void)strFileName;  // the path is fixed
+    MyEnsureGroupFile();
+    const CXmlInput file(GROUP_FILE_PATH, ELEMENT_ROOT_GROUP);
+    return MyFillGroupList(file, m_nMaxGroupCount);
+}
+
+int CContactLocalManager::ReloadGroupXml()
+{
+    const int nLimit = MyGroupLimitForReload();
+    MyEnsureGroupFile();
+    const CXmlInput file(GROUP_FILE_PATH, ELEMENT_ROOT_GROUP);
+    if (!file.HasRoot()) {
+        MyKeepGroupNames();  // the list that knows them is about to go
+    }
+    (void)MyClearGroupList();  // always true
+    return MyFillGroupList(file, nLimit);
+}
+
+// What the list holds takes no new slot, and neither do fixed groups that the load makes afresh.
+int CContactLocalManager::MyGroupLimitForReload() const
+{
+    int nHeld = GetCurrentGroupCount();
+    for (const char* pName : {NAME_ALL_CONTACTS, NAME_BLACKLIST}) {
+        if (!IsGroupExist(pName)) {
+            ++nHeld;
+        }
+    }
+    return std::max(m_nMaxGroupCount, nHeld);
+}
+
+int CContactLocalManager::MyFillGroupList(const CXmlInput& file, int nLimit)
+{
+    if (!file.HasRoot()) {
+        m_bKeepGroupNames = true;
+        return DIR_RET_NONE;
+    }
+    (void)MyCreateDefaultGroup();
+    int nResult = DIR_RET_OK;
+    int nNextId = FIRST_USER_GROUP_ID;
+    for (pugi::xml_node element : file.Root().children(ELEMENT_GROUP)) {
+        GroupData group;
+        if (!ReadGroupElement(element, group)) {
+            continue;
+        }
+        group.m_nId = nNextId++;  // a refused element uses up its id
+        if (MyInsertGroupWithin(nLimit, group, false) < 0) {
+            nResult = DIR_RET_NONE;
+        }
+    }
+    return nResult;
+}
+
+void CContactLocalManager::MySetGroupDirty(bool bDirty)
+{
+    if (m_bGroupDirty == bDirty) {
+        return;
+    }
+    m_bGroupDirty = bDirty;
+    if (bDirty) {
+        (void)SaveGroupToXml();  // always 1
+    }
+}
+
+int CContactLocalManager::SaveGroupToXml()
+{
+    if (!m_bGroupDirty) {
+        return DIR_RET_OK;
+    }
+    CXmlOutput file;
+    pugi::xml_node root = file.AppendRoot(ELEMENT_ROOT_GROUP);
+    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
+        const GroupData& group = *pos->value;
+        AppendGroupElement(
+            file, root,
+            {group.m_strDisplayName.c_str(), group.m_strRing.c_str(), group.m_bReadOnly});
+    }
+    file.Save(GROUP_FILE_PATH);
+    MySetGroupDirty(false);  // whatever became of the write
+    return DIR_RET_OK;
+}
+
+}  // namespace NS_DIRECTORY

@@ -1,0 +1,53 @@
+#include "directory/internal/group_element.h"
+
+#include <cstring>
+
+#include "directory/internal/xml_names.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+bool IsFixedGroupName(const char* pName)
+{
+    return std::strcmp(pName, NAME_ALL_CONTACTS) == 0 || std::strcmp(pName, NAME_BLACKLIST) == 0;
+}
+
+pugi::xml_node AppendNameAndRing(CXmlOutput& file, pugi::xml_node root, const char* pName,
+                                 const char* pRing)
+{
+    pugi::xml_node element = file.AppendElement(root, ELEMENT_GROUP);
+    file.AppendText(element, ATTRIBUTE_DISPLAY_NAME, pName);
+    file.AppendText(element, ATTRIBUTE_RING, pRing);
+    return element;
+}
+
+}  // namespace
+
+void AppendGroupElement(CXmlOutput& file, pugi::xml_node root, const GroupElementData& data)
+{
+    pugi::xml_node element = AppendNameAndRing(file, root, data.m_pDisplayName, data.m_pRing);
+    file.AppendText(element, ATTRIBUTE_READ_ONLY,
+                    data.m_bReadOnly ? VALUE_READ_ONLY : VALUE_NOT_READ_ONLY);
+}
+
+bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& group)
+{
+    CAttributeReader reader(element);
+    // An absent attribute reads as the empty text.
+    const char* pName = reader.Find(ATTRIBUTE_DISPLAY_NAME).value();
+    if (IsFixedGroupName(pName)) {
+        return false;
+    }
+    group.m_strDisplayName = pName;
+    group.m_strRing = reader.Find(ATTRIBUTE_RING).value();
+    group.m_bReadOnly = std::strcmp(reader.Find(ATTRIBUTE_READ_ONLY).value(), VALUE_READ_ONLY) == 0;
+    return true;
+}
+
+void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root,
+                         const CContactLocalManager::GroupData& group)
+{
+    (void)AppendNameAndRing(file, root, group.m_strDisplayName.c_str(), group.m_strRing.c_str());
+}
+
+}  // namespace NS_DIRECTORY

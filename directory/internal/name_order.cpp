@@ -1,0 +1,119 @@
+#include "directory/internal/name_order.h"
+
+#include <strings.h>
+
+#include "directory/internal/xml_names.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+using GroupData = CContactLocalManager::GroupData;
+using ItemData = CContactLocalManager::ItemData;
+
+int CompareNames(const qz::basic_string<char>& left, const qz::basic_string<char>& right)
+{
+    return strcasecmp(left.c_str(), right.c_str());
+}
+
+bool IsFixedGroup(const GroupData& group)
+{
+    return group.m_nId == GROUP_ID_ALL || group.m_nId == GROUP_ID_BLACKLIST;
+}
+
+bool IsSecondOfName(const GroupData& present, const GroupData& group, const char* pName)
+{
+    return present.m_strDisplayName == pName && group.m_strDisplayName == pName;
+}
+
+// The walk passes over the fixed groups unseen, so their names are guarded where they stand: "All
+// Contacts" at the head, and "Blacklist" at the tail of a list without user groups.
+bool IsSecondFixedGroup(const GroupDataList& list, const GroupData& group)
+{
+    if (list.size() > 0 && IsSecondOfName(*list.begin()->value, group, NAME_ALL_CONTACTS)) {
+        return true;
+    }
+    return list.size() > 1 && IsSecondOfName(*list.end()->prev->value, group, NAME_BLACKLIST);
+}
+
+// Behind the user groups that sort before the name.
+GroupPlace FindUserGroupPlace(const GroupDataList& list, const GroupData& group,
+                              const GroupData* pRenamed)
+{
+    int nPosition = 0;
+    GroupDataList::ListIterator pos = list.begin();
+    for (; pos != list.end(); pos = pos->next) {
+        const GroupData& present = *pos->value;
+        if (&present == pRenamed) {
+            continue;
+        }
+        const int nOrder = IsFixedGroup(present)
+                               ? -1
+                               : CompareNames(present.m_strDisplayName, group.m_strDisplayName);
+        if (nOrder == 0) {
+            return {pos, DIR_RET_GROUP_EXIST};
+        }
+        if (nOrder > 0) {
+            break;
+        }
+        ++nPosition;
+    }
+    return {pos, nPosition};
+}
+
+}  // namespace
+
+GroupPlace FindGroupPlace(const GroupDataList& list, const GroupData& group, int nLimit,
+                          const GroupData* pRenamed)
+{
+    const int nCount = static_cast<int>(list.size()) - (pRenamed == nullptr ? 0 : 1);
+    if (group.m_strDisplayName.empty() || nCount >= nLimit) {
+        return {list.end(), DIR_RET_INVALID};
+    }
+    if (IsSecondFixedGroup(list, group)) {
+        return {list.end(), DIR_RET_GROUP_EXIST};
+    }
+    // The walk comes first for every id: a user group of the name refuses the fixed groups too.
+    const GroupPlace place = FindUserGroupPlace(list, group, pRenamed);
+    if (place.m_nResult < 0) {
+        return place;
+    }
+    if (group.m_nId == GROUP_ID_ALL) {
+        return {list.begin(), 0};
+    }
+    return group.m_nId == GROUP_ID_BLACKLIST ? GroupPlace{list.end(), nCount} : place;
+}
+
+ContactPlace FindContactPlace(const ItemDataList& list, const ItemData& item,
+                              const ItemData* pRenamed)
+{
+    int nCounter = 0;
+    ItemDataList::ListIterator pos = list.begin();
+    for (; pos != list.end(); pos = pos->next) {
+        const ItemData& present = *pos->value;
+        if (&present == pRenamed) {
+            continue;
+        }
+        // Counted before the comparison: the contact that ends the walk counts too.
+        if (item.m_nGroupId == GROUP_ID_ALL || present.m_nGroupId == item.m_nGroupId) {
+            ++nCounter;
+        }
+        const int nOrder = CompareNames(present.m_strDisplayName, item.m_strDisplayName);
+        if (nOrder == 0) {
+            return {pos, DIR_RET_CONTACT_EXIST};
+        }
+        if (nOrder > 0) {
+            break;
+        }
+    }
+    return {pos, nCounter};
+}
+
+ContactPlace FindContactPlaceFromTail(const ItemDataList& list, const ItemData& item)
+{
+    const bool bBehindAll =
+        list.size() == 0 ||
+        CompareNames(list.end()->prev->value->m_strDisplayName, item.m_strDisplayName) < 0;
+    return bBehindAll ? ContactPlace{list.end(), 0} : FindContactPlace(list, item, nullptr);
+}
+
+}  // namespace NS_DIRECTORY

@@ -1,0 +1,45 @@
+// Where a new name goes in the two ordered lists, and what refuses it.
+
+#ifndef NSDIRECTORY_DIRECTORY_INTERNAL_NAME_ORDER_H
+#define NSDIRECTORY_DIRECTORY_INTERNAL_NAME_ORDER_H
+
+#include "directory/contact_local_manager.h"
+
+namespace NS_DIRECTORY {
+
+using GroupDataList = QZList<CContactLocalManager::GroupData*>;
+using ItemDataList = QZList<CContactLocalManager::ItemData*>;
+
+// The place in front of which the new entry goes. m_nResult is what the insert answers, or a
+// negative refusal, and then there is no place.
+struct GroupPlace
+{
+    GroupDataList::ListIterator m_pos;
+    int m_nResult;
+};
+
+struct ContactPlace
+{
+    ItemDataList::ListIterator m_pos;
+    int m_nResult;
+};
+
+// Refusals: DIR_RET_INVALID, the name is empty; DIR_RET_INVALID, the limit is reached;
+// DIR_RET_GROUP_EXIST. pRenamed, if not null, is a record of the list that counts for nothing,
+// since it gives way to the new one. The result is a position.
+GroupPlace FindGroupPlace(const GroupDataList& list, const CContactLocalManager::GroupData& group,
+                          int nLimit, const CContactLocalManager::GroupData* pRenamed);
+
+// Refusal: DIR_RET_CONTACT_EXIST. pRenamed as above. The result counts the contacts of the
+// record's group, or all for GROUP_ID_ALL, that the walk met, the one that ended it included.
+ContactPlace FindContactPlace(const ItemDataList& list, const CContactLocalManager::ItemData& item,
+                              const CContactLocalManager::ItemData* pRenamed);
+
+// The same place and refusal for a record that most likely belongs at the end, as in a file that
+// was written in order. The result only tells whether it is refused.
+ContactPlace FindContactPlaceFromTail(const ItemDataList& list,
+                                      const CContactLocalManager::ItemData& item);
+
+}  // namespace NS_DIRECTORY
+
+#endif  // NSDIRECTORY_DIRECTORY_INTERNAL_NAME_ORDER_H

@@ -1,0 +1,72 @@
+#include "directory/internal/xml_file.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace NS_DIRECTORY {
+namespace {
+
+constexpr unsigned int PARSE_OPTIONS = pugi::parse_default;
+constexpr unsigned int WRITE_FLAGS = pugi::format_indent;
+constexpr char INDENT[] = "\t";
+static_assert(PARSE_OPTIONS == 0x74 && WRITE_FLAGS == 1 && pugi::encoding_auto == 0,
+              "the files of devices in the field were written and read with these");
+
+}  // namespace
+
+CXmlInput::CXmlInput(const char* pPath, const char* pRootName)
+{
+    // The status says no more than the document does: what was read before a fault counts.
+    (void)m_document.load_file(pPath, PARSE_OPTIONS, pugi::encoding_auto);
+    m_root = m_document.child(pRootName);
+}
+
+pugi::xml_attribute CAttributeReader::Find(const char* pName)
+{
+    if (std::strcmp(m_next.name(), pName) != 0) {
+        return m_element.attribute(pName);
+    }
+    const pugi::xml_attribute found = m_next;
+    m_next = m_next.next_attribute();
+    return found;
+}
+
+CXmlOutput::CXmlOutput()
+{
+    pugi::xml_node declaration = m_document.prepend_child(pugi::node_declaration);
+    AppendText(declaration, "version", "1.0");
+    AppendText(declaration, "encoding", "utf-8");
+}
+
+pugi::xml_node CXmlOutput::AppendElement(pugi::xml_node parent, const char* pName)
+{
+    pugi::xml_node element = parent.append_child(pName);
+    // A node without memory for its name is made all the same, without one.
+    m_bWhole = m_bWhole && *element.name() != '\0';
+    return element;
+}
+
+void CXmlOutput::AppendText(pugi::xml_node element, const char* pName, const char* pValue)
+{
+    pugi::xml_attribute attribute = element.append_attribute(pName);
+    const bool bValueSet = attribute.set_value(pValue);
+    m_bWhole = m_bWhole && bValueSet && *attribute.name() != '\0';
+}
+
+void CXmlOutput::AppendNumber(pugi::xml_node element, const char* pName, int nValue)
+{
+    char text[sizeof("-2147483648")];
+    (void)std::snprintf(text, sizeof(text), "%d", nValue);  // the buffer holds every int
+    AppendText(element, pName, text);
+}
+
+void CXmlOutput::Save(const char* pPath) const
+{
+    if (!m_bWhole) {
+        return;
+    }
+    // A failed write goes unreported: the list keeps the change and the next save brings it along.
+    (void)m_document.save_file(pPath, INDENT, WRITE_FLAGS, pugi::encoding_auto);
+}
+
+}  // namespace NS_DIRECTORY

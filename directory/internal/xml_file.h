@@ -1,0 +1,65 @@
+// Reading and writing of XML files, and the only place with the options of the parser and the
+// writer.
+
+#ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_FILE_H
+#define NSDIRECTORY_DIRECTORY_INTERNAL_XML_FILE_H
+
+#include <pugixml.hpp>
+
+namespace NS_DIRECTORY {
+
+// A file read into memory. What cannot be read is not there: of a damaged file the document holds
+// what stands before the fault, and of one that cannot be opened nothing.
+class CXmlInput
+{
+  public:
+    CXmlInput(const char* pPath, const char* pRootName);
+
+    pugi::xml_node Root() const { return m_root; }  // null where the file has no such element
+    bool HasRoot() const { return !m_root.empty(); }
+
+  private:
+    pugi::xml_document m_document;
+    pugi::xml_node m_root;
+};
+
+// Looks up the attributes of one element by name; the first of a name counts. It is quickest when
+// they are asked for in the order in which they stand.
+class CAttributeReader
+{
+  public:
+    explicit CAttributeReader(pugi::xml_node element)
+        : m_element(element), m_next(element.first_attribute())
+    {}
+
+    pugi::xml_attribute Find(const char* pName);
+
+  private:
+    pugi::xml_node m_element;
+    // The first attribute not found yet; all before it have other names than those still to come.
+    pugi::xml_attribute m_next;
+};
+
+// A document to be written. It knows whether every node got its memory, and a document that is not
+// whole replaces no file.
+class CXmlOutput
+{
+  public:
+    CXmlOutput();
+
+    pugi::xml_node AppendRoot(const char* pName) { return AppendElement(m_document, pName); }
+    pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName);
+    void AppendText(pugi::xml_node element, const char* pName, const char* pValue);
+    void AppendNumber(pugi::xml_node element, const char* pName, int nValue);
+
+    // Rewrites the file in place. Nobody learns whether that worked.
+    void Save(const char* pPath) const;
+
+  private:
+    pugi::xml_document m_document;
+    bool m_bWhole = true;
+};
+
+}  // namespace NS_DIRECTORY
+
+#endif  // NSDIRECTORY_DIRECTORY_INTERNAL_XML_FILE_H

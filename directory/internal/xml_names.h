@@ -1,0 +1,42 @@
+// Every name that reaches the disk: files, elements, attributes and fixed values, each once. What
+// writes a file and what reads it share them.
+
+#ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
+#define NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
+
+namespace NS_DIRECTORY {
+
+// NSDIRECTORY_DATA_DIR comes from the build and ends in a slash.
+inline constexpr char DATA_DIR[] = NSDIRECTORY_DATA_DIR;
+inline constexpr char EXPORT_FILE_NAME[] = "contact_xported.xml";
+inline constexpr char GROUP_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_group_list.xml";
+inline constexpr char CONTACT_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_list.xml";
+inline constexpr const char* GROUP_FILE_NAME = GROUP_FILE_PATH + sizeof(DATA_DIR) - 1;
+inline constexpr const char* CONTACT_FILE_NAME = CONTACT_FILE_PATH + sizeof(DATA_DIR) - 1;
+
+inline constexpr char NAME_ALL_CONTACTS[] = "All Contacts";
+inline constexpr char NAME_BLACKLIST[] = "Blacklist";
+
+inline constexpr char ELEMENT_ROOT_GROUP[] = "root_group";
+inline constexpr char ELEMENT_GROUP[] = "group";
+inline constexpr char ELEMENT_ROOT_CONTACT[] = "root_contact";
+inline constexpr char ELEMENT_CONTACT[] = "contact";
+
+inline constexpr char ATTRIBUTE_DISPLAY_NAME[] = "display_name";
+inline constexpr char ATTRIBUTE_RING[] = "ring";
+inline constexpr char ATTRIBUTE_READ_ONLY[] = "read_only";
+inline constexpr char ATTRIBUTE_OFFICE_NUMBER[] = "office_number";
+inline constexpr char ATTRIBUTE_MOBILE_NUMBER[] = "mobile_number";
+inline constexpr char ATTRIBUTE_OTHER_NUMBER[] = "other_number";
+inline constexpr char ATTRIBUTE_LINE[] = "line";
+inline constexpr char ATTRIBUTE_GROUP_ID_NAME[] = "group_id_name";
+inline constexpr char ATTRIBUTE_DEFAULT_PHOTO[] = "default_photo";
+inline constexpr char ATTRIBUTE_SELECTED_PHOTO[] = "selected_photo";
+inline constexpr char ATTRIBUTE_NAME_INDEX[] = "name_index";
+
+inline constexpr char VALUE_READ_ONLY[] = "1";
+inline constexpr char VALUE_NOT_READ_ONLY[] = "0";
+
+}  // namespace NS_DIRECTORY
+
+#endif  // NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H

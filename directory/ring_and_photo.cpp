@@ -1,0 +1,53 @@
+// The ring to play for a caller, the group that stands behind it, and the way back to the default
+// photo.
+
+#include <cstring>
+
+#include "directory/contact_local_manager.h"
+#include "platform/device_services.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+constexpr char DEFAULT_PHOTO[] = "Default:default_contact_image.png";
+
+}  // namespace
+
+qz::basic_string<char> CContactLocalManager::GetContactRingByNumber(const char* pNumber,
+                                                                    const char* pSecond) const
+{
+    const ItemData* pItem = MyFindContactByNumber(pNumber, pSecond);
+    if (pItem == nullptr) {
+        return {};
+    }
+    if (!pItem->m_strRing.empty() && ZMK_MiscHelper::pathFileExist(pItem->m_strRing.c_str()) != 0) {
+        return pItem->m_strRing;
+    }
+    const GroupData* pGroup = MyFindGroupById(pItem->m_nGroupId);
+    return pGroup == nullptr ? qz::basic_string<char>() : pGroup->m_strRing;
+}
+
+// The name says ring, the answer is the name of the group, and hosts show it.
+qz::basic_string<char> CContactLocalManager::GetGroupRingByContact(
+    const qz::basic_string<char>& strName) const
+{
+    const ItemData* pItem = MyFindContact(strName);
+    return pItem == nullptr ? qz::basic_string<char>() : MyGId2Name(pItem->m_nGroupId);
+}
+
+int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
+{
+    if (pPhoto == nullptr) {
+        return DIR_RET_NULL_ARGUMENT;
+    }
+    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
+        ItemData& item = *pos->value;
+        if (std::strcmp(item.m_strDefaultPhoto.c_str(), pPhoto) == 0) {
+            item.m_strDefaultPhoto = DEFAULT_PHOTO;
+        }
+    }
+    MySetContactDirty(true);  // in every case: hosts call this to have the file written too
+    return DIR_RET_OK_ZERO;
+}
+
+}  // namespace NS_DIRECTORY
