@@ -25,20 +25,20 @@ CContactLocalManager::ItemData* CContactLocalManager::MyFindContactByNumber(
 
 qz::basic_string<char> CContactLocalManager::GetContactNameByPhoneNumber(const char* pNumber) const
 {
-    const ItemData* pItem = MyFindContactByNumber(pNumber, nullptr);
+    const ItemData* pItem = MyFindContactByNumber(pNumber, {});
     return pItem == nullptr ? qz::basic_string<char>() : pItem->m_strDisplayName;
 }
 
 bool CContactLocalManager::IsBlackContactNumber(const char* pNumber) const
 {
-    const ItemData* pItem = MyFindContactByNumber(pNumber, nullptr);
+    const ItemData* pItem = MyFindContactByNumber(pNumber, {});
     return pItem != nullptr && pItem->m_nGroupId == GROUP_ID_BLACKLIST;
 }
 
 int CContactLocalManager::GetContactDataByNumber(ContactGeneralItemData* pData,
                                                  const char* pNumber) const
 {
-    const ItemData* pItem = MyFindContactByNumber(pNumber, nullptr);
+    const ItemData* pItem = MyFindContactByNumber(pNumber, {});
     return pItem == nullptr ? DIR_RET_NONE : MyID2CGID(pData, *pItem);
 }
 
