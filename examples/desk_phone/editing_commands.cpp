@@ -1,0 +1,145 @@
+// What changes the directory. Each answers with the result of the one operation that it calls.
+
+#include "desk_phone/contact_fields.h"
+#include "desk_phone/phone.h"
+#include "desk_phone/results.h"
+
+namespace desk_phone {
+
+namespace {
+
+using NS_DIRECTORY::ContactGeneralItemData;
+using NS_DIRECTORY::ContactGroupData;
+using NameList = QZList<qz::basic_string<char>>;
+
+constexpr char OK[] = "DIR_RET_OK";
+constexpr char OK_ZERO[] = "DIR_RET_OK_ZERO";
+constexpr char COUNTER[] = "counter";
+constexpr char POSITION[] = "position";
+
+NameList ToNameList(Words::const_iterator pos, Words::const_iterator end)
+{
+    NameList names;
+    for (; pos != end; ++pos) {
+        names.push_back(pos->c_str());
+    }
+    return names;
+}
+
+// The group of that name as it is; an empty one where there is none.
+ContactGroupData ReadGroup(const PhoneData& phone, const std::string& strName)
+{
+    ContactGroupData group;
+    const int nId = phone.m_directory.GetGroupIdByGroupName(strName.c_str());
+    (void)phone.m_directory.GetGroupDataByID(&group, nId);  // a missing group is refused later
+    return group;
+}
+
+}  // namespace
+
+void AddContact(PhoneData& phone, const Words& words)
+{
+    ContactGeneralItemData contact;
+    contact.m_strDisplayName = words[1].c_str();
+    phone.m_directory.GetGroupNameByIndex(0, contact.m_strGroupName);
+    TakeFields(words, 2, contact);
+    PrintResult(phone.m_directory.AddContact(contact.m_strGroupName, contact), COUNTER,
+                words[1] + " is added to " + contact.m_strGroupName.c_str());
+}
+
+void UpdateContact(PhoneData& phone, const Words& words)
+{
+    ContactGeneralItemData contact;
+    // A contact that is not there is refused by the update itself.
+    (void)phone.m_directory.GetContactDataByName(&contact, words[1].c_str());
+    TakeFields(words, 2, contact);
+    PrintResult(phone.m_directory.UpdateContactData(words[1].c_str(), contact), COUNTER,
+                std::string(contact.m_strDisplayName.c_str()) + " is up to date");
+}
+
+void RemoveContacts(PhoneData& phone, const Words& words)
+{
+    if (words.size() == 2) {
+        PrintResult(phone.m_directory.RemoveContact(words[1].c_str()), OK,
+                    words[1] + " is removed");
+        return;
+    }
+    const NameList names = ToNameList(words.begin() + 1, words.end());
+    PrintResult(phone.m_directory.RemoveContactList(names), OK, "the named contacts are gone");
+}
+
+void RemoveAllContacts(PhoneData& phone, const Words& words)
+{
+    const int nId = phone.m_directory.GetGroupIdByGroupName(words[1].c_str());
+    if (nId == NS_DIRECTORY::GROUP_ID_NONE) {
+        throw CWrongInput("There is no group " + words[1] + ".");
+    }
+    // 0 is how this operation tells that the directory takes no changes.
+    const int nResult = phone.m_directory.RemoveAllContacts(nId);
+    PrintResult(nResult == NS_DIRECTORY::DIR_RET_NONE ? NS_DIRECTORY::DIR_RET_RELOADING : nResult,
+                OK, words[1] + " is empty");
+}
+
+void MoveContacts(PhoneData& phone, const Words& words)
+{
+    const std::string& strGroup = words.back();
+    if (words.size() == 3) {
+        // For this operation a name of no contact is no failure.
+        const bool bThere = phone.m_directory.IsContactExist(words[1].c_str());
+        PrintResult(phone.m_directory.MoveContactToGroup(words[1].c_str(), strGroup.c_str()),
+                    OK_ZERO,
+                    bThere ? words[1] + " stands in " + strGroup : "nothing to move: " + words[1]);
+        return;
+    }
+    NameList names = ToNameList(words.begin() + 1, words.end() - 1);
+    PrintResult(phone.m_directory.MoveListToGroup(names, strGroup.c_str()), OK_ZERO,
+                "the named contacts stand in " + strGroup);
+}
+
+void Block(PhoneData& phone, const Words& words)
+{
+    PrintResult(phone.m_directory.Local2Black(words[1].c_str()), OK, words[1] + " is blocked");
+}
+
+void Unblock(PhoneData& phone, const Words& words)
+{
+    PrintResult(phone.m_directory.Black2Local(words[1].c_str()), OK, words[1] + " may call again");
+}
+
+void AddGroup(PhoneData& phone, const Words& words)
+{
+    ContactGroupData group;
+    group.m_strDisplayName = words[1].c_str();
+    group.m_strRing = words.size() > 2 ? words[2].c_str() : "";
+    PrintResult(phone.m_directory.AddGroup(group), POSITION, "the group " + words[1] + " is added");
+}
+
+void RenameGroup(PhoneData& phone, const Words& words)
+{
+    ContactGroupData group = ReadGroup(phone, words[1]);
+    group.m_strDisplayName = words[2].c_str();
+    PrintResult(phone.m_directory.UpdateGroupData(words[1].c_str(), group), POSITION,
+                "the group " + words[1] + " is called " + words[2]);
+}
+
+void SetGroupRing(PhoneData& phone, const Words& words)
+{
+    ContactGroupData group;
+    group.m_strDisplayName = words[1].c_str();
+    group.m_strRing = words[2].c_str();
+    PrintResult(phone.m_directory.UpdateGroupData(words[1].c_str(), group), POSITION,
+                words[1] + (words[2].empty() ? " has no ring" : " rings with " + words[2]));
+}
+
+void RemoveGroup(PhoneData& phone, const Words& words)
+{
+    PrintResult(phone.m_directory.RemoveGroup(words[1].c_str()), OK,
+                "the group " + words[1] + " is removed");
+}
+
+void RemoveAllGroups(PhoneData& phone, const Words&)
+{
+    PrintResult(phone.m_directory.RemoveAllGroup(), OK, "only the fixed groups are left");
+}
+
+}  // namespace desk_phone

@@ -1,0 +1,23 @@
+// Where the lines of input come from.
+
+#ifndef DESK_PHONE_LINE_READER_H
+#define DESK_PHONE_LINE_READER_H
+
+#include <cstddef>
+#include <istream>
+#include <string>
+
+namespace desk_phone {
+
+inline constexpr std::size_t MOST_LINE_BYTES = 1000;
+
+// A line at a prompt, with editing and history. False at end of input.
+bool ReadAtPrompt(std::string& strLine);
+
+// A line of a script or a pipe. Of one that is too long the first MOST_LINE_BYTES + 1 bytes are
+// kept, whatever its length. False at end of input.
+bool ReadFromStream(std::istream& stream, std::string& strLine);
+
+}  // namespace desk_phone
+
+#endif  // DESK_PHONE_LINE_READER_H

@@ -1,0 +1,44 @@
+// The telephone that the commands work on, and the commands by family. Each takes its own name as
+// the first word; how many words follow has been tested by the table of commands.
+
+#ifndef DESK_PHONE_PHONE_H
+#define DESK_PHONE_PHONE_H
+
+#include "desk_phone/words.h"
+#include "directory/contact_local_manager.h"
+
+namespace desk_phone {
+
+struct PhoneData
+{
+    NS_DIRECTORY::CContactLocalManager& m_directory;
+    double m_dLoadMilliseconds;
+    bool m_bOn = true;
+};
+
+// Reading: reading_commands.cpp.
+void Call(PhoneData& phone, const Words& words);
+void ListGroups(PhoneData& phone, const Words& words);
+void ListContacts(PhoneData& phone, const Words& words);
+void Show(PhoneData& phone, const Words& words);
+void Export(PhoneData& phone, const Words& words);
+void ShowFiles(PhoneData& phone, const Words& words);
+void ShowSummary(PhoneData& phone, const Words& words);
+
+// Editing: editing_commands.cpp.
+void AddContact(PhoneData& phone, const Words& words);
+void UpdateContact(PhoneData& phone, const Words& words);
+void RemoveContacts(PhoneData& phone, const Words& words);
+void RemoveAllContacts(PhoneData& phone, const Words& words);
+void MoveContacts(PhoneData& phone, const Words& words);
+void Block(PhoneData& phone, const Words& words);
+void Unblock(PhoneData& phone, const Words& words);
+void AddGroup(PhoneData& phone, const Words& words);
+void RenameGroup(PhoneData& phone, const Words& words);
+void SetGroupRing(PhoneData& phone, const Words& words);
+void RemoveGroup(PhoneData& phone, const Words& words);
+void RemoveAllGroups(PhoneData& phone, const Words& words);
+
+}  // namespace desk_phone
+
+#endif  // DESK_PHONE_PHONE_H

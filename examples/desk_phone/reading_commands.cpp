@@ -1,0 +1,218 @@
+// What the telephone shows of its directory without changing it.
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+
+#include "desk_phone/contact_fields.h"
+#include "desk_phone/phone.h"
+#include "desk_phone/results.h"
+#include "desk_phone/screen.h"
+#include "platform/device_services.h"
+
+namespace desk_phone {
+
+namespace {
+
+using NS_DIRECTORY::CContactLocalManager;
+using NS_DIRECTORY::ContactGeneralItemData;
+using NS_DIRECTORY::ContactGeneralItemListData;
+using NS_DIRECTORY::ContactGroupData;
+using NS_DIRECTORY::ContactGroupSimpleListData;
+
+constexpr int PAGE = 10;
+constexpr int FILE_LINES = 5;
+constexpr const char* FILES[] = {NSDIRECTORY_DATA_DIR "contact_group_list.xml",
+                                 NSDIRECTORY_DATA_DIR "contact_list.xml"};
+
+std::string Counted(int nCount, const std::string& strOne)
+{
+    return std::to_string(nCount) + " " + strOne + (nCount == 1 ? "" : "s");
+}
+
+// The number that a page shows for a contact: the first that it has.
+std::string FirstNumber(const ContactGeneralItemData& contact)
+{
+    for (const auto* pNumber :
+         {&contact.m_strMobileNumber, &contact.m_strOfficeNumber, &contact.m_strOtherNumber}) {
+        if (!pNumber->empty()) {
+            return pNumber->c_str();
+        }
+    }
+    return "";
+}
+
+std::string KindOfNumber(const ContactGeneralItemData& contact, const std::string& strNumber)
+{
+    if (strNumber == contact.m_strMobileNumber.c_str()) {
+        return "mobile";
+    }
+    return strNumber == contact.m_strOfficeNumber.c_str() ? "office" : "other";
+}
+
+// Who calls, in the lines of the screen.
+std::vector<std::string> CallerLines(const CContactLocalManager& directory,
+                                     const std::string& strNumber)
+{
+    ContactGeneralItemData contact;
+    if (directory.GetContactDataByNumber(&contact, strNumber.c_str()) != NS_DIRECTORY::DIR_RET_OK) {
+        return {"Unknown caller", strNumber};
+    }
+    std::vector<std::string> lines = {contact.m_strDisplayName.c_str(),
+                                      KindOfNumber(contact, strNumber) + " " + strNumber,
+                                      contact.m_strGroupName.c_str()};
+    if (!contact.m_strDefaultPhoto.empty()) {
+        lines.push_back(std::string("Photo: ") + contact.m_strDefaultPhoto.c_str());
+    }
+    return lines;
+}
+
+std::string RingLine(const CContactLocalManager& directory, const std::string& strNumber)
+{
+    const qz::basic_string<char> strRing =
+        directory.GetContactRingByNumber(strNumber.c_str(), nullptr);
+    return strRing.empty() ? "Ring: the telephone's own" : std::string("Ring: ") + strRing.c_str();
+}
+
+int CountContacts(const CContactLocalManager& directory, int nGroupId)
+{
+    ContactGeneralItemListData page;
+    (void)directory.GetContactListById(&page, nGroupId);  // an id of no group leaves 0
+    return page.m_nTotalCount;
+}
+
+void PrintPage(const ContactGeneralItemListData& page)
+{
+    CTable table;
+    table.AddColumn("Place", 5, true);
+    table.AddColumn("Name", 12);
+    table.AddColumn("Number", 14);
+    table.AddColumn("Group", 8);
+    table.AddColumn("Ring", 8);
+    int nPlace = page.m_nIndexFrom;
+    for (auto pos = page.m_listData.begin(); pos != page.m_listData.end(); pos = pos->next) {
+        const ContactGeneralItemData& contact = pos->value;
+        table.AddRow({std::to_string(++nPlace), contact.m_strDisplayName.c_str(),
+                      FirstNumber(contact), contact.m_strGroupName.c_str(),
+                      contact.m_strRing.c_str()});
+    }
+    table.Print();
+}
+
+void PrintFile(const std::string& strPath, int nLines)
+{
+    std::ifstream file(strPath, std::ios::binary | std::ios::ate);
+    if (!file) {
+        PrintText(strPath + ": not there");
+        return;
+    }
+    PrintText(strPath + ": " + Counted(static_cast<int>(file.tellg()), "byte"));
+    file.seekg(0);
+    std::string strLine;
+    for (; nLines != 0 && std::getline(file, strLine); --nLines) {
+        std::replace(strLine.begin(), strLine.end(), '\t', ' ');
+        PrintCut(strLine);
+    }
+}
+
+}  // namespace
+
+void Call(PhoneData& phone, const Words& words)
+{
+    const std::string& strNumber = words[1];
+    const bool bBlocked = phone.m_directory.IsBlackContactNumber(strNumber.c_str());
+    std::vector<std::string> lines = CallerLines(phone.m_directory, strNumber);
+    lines.insert(lines.begin(), {bBlocked ? "BLOCKED CALL" : "INCOMING CALL", ""});
+    lines.emplace_back();
+    lines.push_back(bBlocked ? "The telephone stays silent."
+                             : RingLine(phone.m_directory, strNumber));
+    PrintBox(lines);
+}
+
+void ListGroups(PhoneData& phone, const Words&)
+{
+    ContactGroupSimpleListData page;
+    page.m_nCountToGet = INT_MAX;
+    (void)phone.m_directory.GetGroupSimpleList(&page);  // it refuses null only
+    CTable table;
+    table.AddColumn("Group", 12);
+    table.AddColumn("Contacts", 8, true);
+    table.AddColumn("Ring", 8);
+    for (auto pos = page.m_listData.begin(); pos != page.m_listData.end(); pos = pos->next) {
+        ContactGroupData group;
+        (void)phone.m_directory.GetGroupDataByID(&group, pos->value.m_nId);  // it was just listed
+        table.AddRow({group.m_strDisplayName.c_str(),
+                      std::to_string(CountContacts(phone.m_directory, pos->value.m_nId)),
+                      group.m_strRing.c_str()});
+    }
+    table.Print();
+}
+
+void ListContacts(PhoneData& phone, const Words& words)
+{
+    ContactGeneralItemListData page;
+    page.m_nIndexFrom = words.size() > 2 ? ToNumber(words[2], 1, "FROM") - 1 : 0;
+    page.m_nCountToGet = words.size() > 3 ? ToNumber(words[3], 1, "COUNT") : PAGE;
+    if (phone.m_directory.GetContactList(&page, words[1].c_str()) != NS_DIRECTORY::DIR_RET_OK) {
+        throw CWrongInput("There is no group " + words[1] + ".");
+    }
+    const int nShown = static_cast<int>(page.m_listData.size());
+    if (nShown == 0) {
+        PrintText(words[1] + ": " + Counted(page.m_nTotalCount, "contact") + ", none on this page");
+        return;
+    }
+    PrintText(words[1] + ": " + std::to_string(page.m_nIndexFrom + 1) + " to " +
+              std::to_string(page.m_nIndexFrom + nShown) + " of " +
+              Counted(page.m_nTotalCount, "contact"));
+    PrintPage(page);
+}
+
+void Show(PhoneData& phone, const Words& words)
+{
+    ContactGeneralItemData contact;
+    if (phone.m_directory.GetContactDataByName(&contact, words[1].c_str()) !=
+        NS_DIRECTORY::DIR_RET_OK) {
+        throw CWrongInput("There is no contact " + words[1] + ".");
+    }
+    PrintContact(contact);
+}
+
+void Export(PhoneData& phone, const Words& words)
+{
+    const int nResult = phone.m_directory.ExportContactAndGroup(words[1].c_str());
+    const std::string strPath =
+        words[1].empty() ? NSDIRECTORY_DATA_DIR "contact_xported.xml" : words[1];
+    // The result does not tell whether the file could be written.
+    const bool bThere = ZMK_MiscHelper::pathFileExist(strPath.c_str()) != 0;
+    PrintResult(
+        nResult, "DIR_RET_OK",
+        bThere ? "exported to " + strPath : "told as done, but there is no file at " + strPath);
+}
+
+void ShowFiles(PhoneData&, const Words& words)
+{
+    const int nLines = words.size() > 1 ? ToNumber(words[1], 0, "LINES") : FILE_LINES;
+    for (const char* pPath : FILES) {
+        PrintFile(pPath, nLines);
+    }
+}
+
+void ShowSummary(PhoneData& phone, const Words&)
+{
+    const CContactLocalManager& directory = phone.m_directory;
+    const auto OfMost = [](int nCount, int nMost) {
+        return std::to_string(nCount) + " of " + std::to_string(nMost);
+    };
+    std::array<char, 32> time{};
+    (void)std::snprintf(time.data(), time.size(), "%.1f ms", phone.m_dLoadMilliseconds);
+    PrintPairs(
+        {{"Contacts", OfMost(directory.GetCurrentContactCount(), directory.GetMaxContactCount())},
+         {"Groups", OfMost(directory.GetCurrentGroupCount(), directory.GetMaxGroupCount())},
+         {"Blacklisted", OfMost(directory.GetCurrentBlackCount(), directory.GetMaxBlackCount())},
+         {"Load time", time.data()}});
+}
+
+}  // namespace desk_phone

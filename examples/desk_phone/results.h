@@ -1,0 +1,16 @@
+// Results of the directory, told by name and meaning.
+
+#ifndef DESK_PHONE_RESULTS_H
+#define DESK_PHONE_RESULTS_H
+
+#include <string>
+
+namespace desk_phone {
+
+// Shows a result: a refusal by the name of its code and what it means, a success by the name that
+// the operation gives it and what came of it.
+void PrintResult(int nResult, const std::string& strSuccessName, const std::string& strSuccess);
+
+}  // namespace desk_phone
+
+#endif  // DESK_PHONE_RESULTS_H
