@@ -68,7 +68,8 @@ std::string Usage(const CommandData& command)
 
 std::string FirstSentence(const std::string& strText)
 {
-    return strText.substr(0, strText.find(". ") + 1);  // all of it where there is but one
+    const std::size_t nEnd = strText.find(". ");
+    return nEnd == std::string::npos ? strText : strText.substr(0, nEnd + 1);
 }
 
 const CommandData& FindCommand(const std::string& strName)
@@ -85,7 +86,7 @@ void Help(PhoneData&, const Words& words)
 {
     if (words.size() > 1) {
         const CommandData& command = FindCommand(words[1]);
-        PrintText(Usage(command), 4);
+        PrintText(Usage(command));
         PrintText(command.m_pHelp);
         return;
     }
@@ -141,7 +142,7 @@ void RunLine(PhoneData& phone, const std::string& strLine)
             RunWords(phone, words);
         }
     } catch (const CWrongInput& wrong) {
-        PrintText(wrong.what(), 2);
+        PrintText(wrong.what());
     }
 }
 

@@ -40,11 +40,12 @@ CContactLocalManager* Start(double& dMilliseconds)
 
 void RunAtPrompt(PhoneData& phone)
 {
-    std::cout << "The telephone is on. Commands are listed by: help\n";
+    desk_phone::PrintText("The telephone is on. Commands are listed by: help");
     std::string strLine;
     while (phone.m_bOn && desk_phone::ReadAtPrompt(strLine)) {
         desk_phone::RunLine(phone, strLine);
     }
+    std::cout << (phone.m_bOn ? "\n" : "");  // what follows starts on a line of its own
 }
 
 // Each line is shown before its answer, so that the output reads like a session at the prompt.
@@ -54,9 +55,9 @@ void Echo(std::string strLine)
     if (strLine.size() > desk_phone::MOST_LINE_BYTES || strLine.empty()) {
         desk_phone::PrintCut(strLine);
     } else if (strLine.front() == '#') {
-        desk_phone::PrintText(strLine, 2);
+        desk_phone::PrintText(strLine);
     } else {
-        desk_phone::PrintText("> " + strLine, 2);
+        desk_phone::PrintText(strLine, "> ");
     }
 }
 

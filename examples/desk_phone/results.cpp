@@ -48,16 +48,16 @@ std::string NameAndMeaning(const std::string& strName, int nResult, const std::s
 void PrintResult(int nResult, const std::string& strSuccessName, const std::string& strSuccess)
 {
     if (nResult >= 0) {
-        PrintText(NameAndMeaning(strSuccessName, nResult, strSuccess), 2);
+        PrintText(NameAndMeaning(strSuccessName, nResult, strSuccess));
         return;
     }
     for (const RefusalData& refusal : REFUSALS) {
         if (refusal.m_nCode == nResult) {
-            PrintText(NameAndMeaning(refusal.m_pName, nResult, refusal.m_pMeaning), 2);
+            PrintText(NameAndMeaning(refusal.m_pName, nResult, refusal.m_pMeaning));
             return;
         }
     }
-    PrintText(NameAndMeaning("result", nResult, "a refusal that this telephone does not know"), 2);
+    PrintText(NameAndMeaning("result", nResult, "a refusal that this telephone does not know"));
 }
 
 }  // namespace desk_phone

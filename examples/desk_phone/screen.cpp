@@ -49,12 +49,12 @@ std::size_t ScreenWidth()
     return nWidth == 0 ? DEFAULT_WIDTH : std::clamp(nWidth, LEAST_WIDTH, MOST_WIDTH);
 }
 
-void PrintText(const std::string& strText, std::size_t nIndent)
+void PrintText(const std::string& strText, const std::string& strLabel)
 {
-    const std::string strBlanks(nIndent, ' ');
-    const std::vector<std::string> lines = Wrap(strText, ScreenWidth() - nIndent);
-    for (std::size_t n = 0; n < lines.size(); ++n) {
-        std::cout << (n == 0 ? "" : strBlanks) << lines[n] << '\n';
+    std::string strStart = strLabel;
+    for (const std::string& strLine : Wrap(strText, ScreenWidth() - Width(strLabel))) {
+        std::cout << WithoutTrailingBlanks(strStart + strLine) << '\n';
+        strStart.assign(Width(strLabel), ' ');
     }
 }
 
@@ -69,10 +69,9 @@ void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs)
     for (const auto& pair : pairs) {
         nLabel = std::max(nLabel, Width(pair.first));
     }
-    nLabel = std::min(nLabel, ScreenWidth() / 2) + GAP;
+    nLabel = std::min(nLabel, ScreenWidth() / 2 - GAP);
     for (const auto& pair : pairs) {
-        const std::string strLabel = Fit(pair.first, nLabel - GAP) + std::string(GAP, ' ');
-        PrintText(WithoutTrailingBlanks(strLabel + pair.second), nLabel);
+        PrintText(pair.second, Fit(pair.first, nLabel) + std::string(GAP, ' '));
     }
 }
 

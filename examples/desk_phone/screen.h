@@ -14,8 +14,8 @@ namespace desk_phone {
 // The columns of the terminal; of the variable COLUMNS where the output is none; 80 else.
 std::size_t ScreenWidth();
 
-// Lines after the first stand nIndent columns further in.
-void PrintText(const std::string& strText, std::size_t nIndent = 0);
+// The text in as many lines as it takes, the first behind the label, the others below its end.
+void PrintText(const std::string& strText, const std::string& strLabel = "");
 
 // One line, cut where it is too long.
 void PrintCut(const std::string& strText);
