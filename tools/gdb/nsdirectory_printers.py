@@ -12,23 +12,23 @@ import gdb.printing
 class StringPrinter:
     """qz::basic_string: the lowest bit of the first byte tells the short form from the long one."""
 
-    HEADER_SIZE = 8  # of the long form: capacity word and size, before the pointer
+    SHORT_TEXT = 1  # the offsets of what the two forms hold
+    LONG_SIZE = 4
+    LONG_POINTER = 8
 
     def __init__(self, value):
-        self.storage = value["m_storage"].address
+        self.text_type = gdb.lookup_type("char").pointer()
+        self.start = value["m_storage"].address.cast(self.text_type)
 
-    def _at(self, offset, type_name):
-        byte = gdb.lookup_type("char").pointer()
-        target = gdb.lookup_type(type_name) if isinstance(type_name, str) else type_name
-        return (self.storage.cast(byte) + offset).cast(target.pointer()).dereference()
+    def read(self, offset, value_type):
+        return (self.start + offset).cast(value_type.pointer()).dereference()
 
     def to_string(self):
-        char_pointer = gdb.lookup_type("char").pointer()
-        tag = int(self._at(0, "unsigned char"))
+        tag = int(self.read(0, gdb.lookup_type("unsigned char")))
         if tag & 1:
-            return self._at(self.HEADER_SIZE, char_pointer).lazy_string(
-                length=int(self._at(self.HEADER_SIZE // 2, "unsigned int")))
-        return (self.storage.cast(char_pointer) + 1).lazy_string(length=tag // 2)
+            size = self.read(self.LONG_SIZE, gdb.lookup_type("unsigned int"))
+            return self.read(self.LONG_POINTER, self.text_type).lazy_string(length=int(size))
+        return (self.start + self.SHORT_TEXT).lazy_string(length=tag // 2)
 
     def display_hint(self):
         return "string"
