@@ -70,7 +70,7 @@ bool CContactLocalManager::MyInit()
     // Groups first: contacts find their group by its name.
     const int nGroups = MyLoadGroupFromXmlFile(GROUP_FILE_NAME);
     const int nContacts = MyLoadContactFromXmlFile(CONTACT_FILE_NAME);
-    return nGroups != 0 && nContacts != 0;
+    return nGroups != DIR_RET_NONE && nContacts != DIR_RET_NONE;
 }
 
 bool CContactLocalManager::MyFinal()
@@ -85,10 +85,8 @@ bool CContactLocalManager::MyFinal()
 bool CContactLocalManager::MyClearContactList()
 {
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
-        delete pos->value;
-        pos = m_listContact.erase(pos);
+        pos = MyEraseContact(pos);
     }
-    m_nBlackCount = 0;
     return m_listContact.size() == 0;
 }
 

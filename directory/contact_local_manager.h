@@ -11,8 +11,10 @@
 // operation where they succeed. Refusals are listed in the order in which they are tested, so the
 // first one that holds is the answer. A refusal has changed nothing, in memory or on disk. "Writes"
 // tells which files a call rewrites, each whole and in place, before it returns. No result tells
-// whether a write worked: a full disk shows only in the file. After a failed write the next change
-// of the same kind writes the whole file again.
+// whether a write worked: a full disk shows only in the file. What is in memory stays after a
+// failed write, and the next write of the file brings it along. But AddGroup, a new name of a group
+// and RemoveGroup read both files back once they are written: what a failed write has left of a
+// file is then all that is left in memory too.
 //
 // Names are keys and are compared byte for byte, except that no two contacts, and no two user
 // groups, may have names that strcasecmp finds equal. Set the locale before the first
@@ -39,7 +41,7 @@
 #include "directory/contact_records.h"
 #include "directory/export.h"
 #include "directory/id_generator.h"
-#include "directory/string_convert.h"
+#include "directory/string_convert.h"  // so that this header gives the whole boundary
 #include "qzstl/list_like"
 #include "qzstl/string_like"
 
@@ -76,14 +78,15 @@ class NSDIRECTORY_API CContactLocalManager
         int m_nGroupId = GROUP_ID_NONE;
         // The group that the file names where that group is missing after a broken group file. A
         // save writes it in place of the name of group m_nGroupId, so that the contact comes home
-        // when the group does. It goes when m_nGroupId changes.
+        // when the group does. It goes when m_nGroupId changes, and with the next load of the
+        // contact file, which finds it anew.
         qz::basic_string<char> m_strKeptGroupName;
     };
 
     CContactLocalManager(const CContactLocalManager&) = delete;
     CContactLocalManager& operator=(const CContactLocalManager&) = delete;
 
-    // -- Life, limits and counts: contact_local_manager.cpp ------------------------------------
+    // -- Life, limits and counts: contact_local_manager.cpp --
 
     // The instance, built on first use: it then reads the group file, writing the default one
     // where there is none, and the contact file. It comes up also where a file cannot be read;
@@ -114,18 +117,20 @@ class NSDIRECTORY_API CContactLocalManager
     // True while the directory takes no changes. No operation of this library turns it on.
     bool IsReloadGroupAndItemByHttp() const;
 
-    // -- Group queries and the group file: group_store.cpp, group_file.cpp ---------------------
+    // -- Group queries and the group file: group_store.cpp, group_file.cpp --
     // The group list reads "All Contacts", "Blacklist", then the user groups in ascending order.
     // Positions count from 0 over all of them. Empty names find nothing.
     //
     // Where the group file has no root_group the list is empty, without the fixed groups, until a
-    // load finds one; adding a group makes the directory whole again. From then on and until
+    // load finds one; adding a group makes the directory whole again. Until then every contact that
+    // is loaded stands in group 0, the blacklisted ones too: no number is blocked, no contact can
+    // be added, and contacts are known by name but not handed out. From then on and until
     // ReleaseInstance(), contacts whose group is missing keep its name through saves and come home
     // when it is added. After a restart over a whole group list nothing is kept: such a contact
     // stands in "All Contacts", and the next save of the contact file writes that. So add the
     // missing groups again before the next restart.
 
-    // True exactly when nIndex is the last position, whichever group stands there.
+    // True exactly when nIndex is the count of groups less one, whichever group stands there.
     bool IsBlacklistIndex(int nIndex) const;
 
     // The position of the group of that name; 0 also for null and for a name of no group.
@@ -157,9 +162,10 @@ class NSDIRECTORY_API CContactLocalManager
     // ReloadContactXml() at once.
     int ReloadGroupXml();
 
-    // -- Group editing: group_editing.cpp -------------------------------------------------------
+    // -- Group editing: group_editing.cpp --
 
-    // Adds a user group and returns its position. Refusals: DIR_RET_RELOADING;
+    // Adds a user group and returns its position; over an empty group list that is 0, and the
+    // fixed groups, made on the way, stand before it afterwards. Refusals: DIR_RET_RELOADING;
     // DIR_RET_GROUP_EXIST, the exact name is there; DIR_RET_GROUP_FULL; DIR_RET_GROUP_ID_FAIL, no
     // id to be had; DIR_RET_INVALID, the name is empty; DIR_RET_GROUP_EXIST, a user group's name
     // is equal under strcasecmp; DIR_RET_NO_MEMORY. Writes the group file once, then reads both
@@ -176,7 +182,10 @@ class NSDIRECTORY_API CContactLocalManager
     // DIR_RET_GROUP_EXIST, another user group's name is equal under strcasecmp;
     // DIR_RET_CONTACT_FULL, "Blacklist" is renamed and its contacts do not all fit under the limit
     // of ordinary ones. Writes the contact file, then the group file, then reads both. All ids of
-    // user groups end. The contacts go with the name, those of a renamed fixed group too.
+    // user groups end. The contacts go with the name, all but those that keep the name of a missing
+    // group. A fixed group comes back empty and beside the renamed one, which is a user group from
+    // now on: contacts of a renamed blacklist are no longer blocked. The position returned is the
+    // one that the renamed group had before it came back.
     int UpdateGroupData(const qz::basic_string<char>& strName, const ContactGroupData& data);
 
     // Removes a user group; its contacts go to "All Contacts". 1. Refusals: DIR_RET_RELOADING;
@@ -190,7 +199,11 @@ class NSDIRECTORY_API CContactLocalManager
     // contacts, then the group file. Only the fixed ids are left.
     int RemoveAllGroup();
 
-    // -- Group listing: group_listing.cpp --------------------------------------------------------
+    // -- Group listing: group_listing.cpp --
+
+    // The indexes of a page count the groups that it can show, which are not the positions of the
+    // group list where the blacklist is hidden. A negative first index means that many fewer from
+    // the start; a count of INT_MAX means all that follow.
 
     // A page of names and ids, with the blacklist where the configuration shows it. 1, or 0 for
     // null. The total is -1 over an empty group list with the blacklist hidden.
@@ -203,7 +216,7 @@ class NSDIRECTORY_API CContactLocalManager
     // 1 and the group; 0, with pData untouched, for null and for an id of no group.
     int GetGroupDataByID(ContactGroupData* pData, int nId) const;
 
-    // -- Contact queries and the contact file: contact_store.cpp, contact_file.cpp -------------
+    // -- Contact queries and the contact file: contact_store.cpp, contact_file.cpp --
     // One list holds the contacts of all groups in ascending order of names. Empty names find
     // nothing, though one contact may have an empty name.
 
@@ -215,12 +228,12 @@ class NSDIRECTORY_API CContactLocalManager
     // Always 1. As SaveGroupToXml(): from outside it writes nothing.
     int SaveContactToXml();
 
-    // Reads the contact file again. 1, or 0 where there is no file, the file has no root_contact,
-    // or an element was refused: a name equal to an earlier one, one above its limit. Contacts held
-    // before take no new slot. Writes nothing. Group ids stay.
+    // Reads the contact file again. 1, or 0 where there is no file or the file has no root_contact,
+    // which both empty the list, or an element was refused: a name equal to an earlier one, one
+    // above its limit. Contacts held before take no new slot. Writes nothing. Group ids stay.
     int ReloadContactXml();
 
-    // -- Adding and updating contacts: contact_entry.cpp -----------------------------------------
+    // -- Adding and updating contacts: contact_entry.cpp --
     // The adds return how many contacts of the group stand before the new one, and one more where
     // the one behind it is of the group too; for "All Contacts" every contact counts. Photos are
     // taken on colour screens only. Each writes the contact file once; ids stay.
@@ -252,7 +265,7 @@ class NSDIRECTORY_API CContactLocalManager
     int UpdateContactData(const qz::basic_string<char>& strName,
                           const ContactGeneralItemData& data);
 
-    // -- Removing contacts: contact_removal.cpp ---------------------------------------------------
+    // -- Removing contacts: contact_removal.cpp --
     // Rings and photos are paths: the files that they name are not touched. Ids stay.
 
     // 1. Refusals: DIR_RET_RELOADING; DIR_RET_CONTACT_NOT_FOUND. An empty name removes the contact
@@ -268,7 +281,7 @@ class NSDIRECTORY_API CContactLocalManager
     // the contact file once where a contact went, else nothing.
     int RemoveAllContacts(int nGroupId);
 
-    // -- Moving contacts and the blacklist: contact_moves.cpp ------------------------------------
+    // -- Moving contacts and the blacklist: contact_moves.cpp --
     // A move changes the contact's group and nothing else. Contacts that cross the border of the
     // blacklist need a free slot on the other side; names of no contact need none and are no
     // failure. Each writes the contact file once where a contact moved, else nothing. Ids stay.
@@ -300,8 +313,8 @@ class NSDIRECTORY_API CContactLocalManager
     // limit; DIR_RET_ALREADY_BLACK; then those of SetContactGroupId.
     int Local2Black(const qz::basic_string<char>& strName);
 
-    // -- Contact listing and reading: contact_reading.cpp ----------------------------------------
-    // A contact whose group is missing counts but is not handed out.
+    // -- Contact listing and reading: contact_reading.cpp --
+    // A contact whose group is missing counts but is not handed out. Pages as for the groups.
 
     // 1 and the contact; 0, with pData untouched, where there is no such contact, pData is null or
     // the contact's group is missing. On plain screens the photo fields of pData are untouched.
@@ -314,11 +327,10 @@ class NSDIRECTORY_API CContactLocalManager
                        const qz::basic_string<char>& strGroupName) const;
     int GetContactListById(ContactGeneralItemListData* pList, int nGroupId) const;
 
-    // -- Lookup by number: number_lookup.cpp
-    // ------------------------------------------------------- A number matches one of a contact's
-    // three numbers byte for byte, nothing else: hosts normalise numbers before they store and ask.
-    // Of several contacts with the number the first in the list answers. Null and empty numbers
-    // match nothing. One walk of the list each.
+    // -- Lookup by number: number_lookup.cpp --
+    // A number matches one of a contact's three numbers byte for byte, nothing else: hosts
+    // normalise numbers before they store and ask. Of several contacts with the number the first in
+    // the list answers. Null and empty numbers match nothing. One walk of the list each.
 
     // The contact's display name; empty where there is none.
     qz::basic_string<char> GetContactNameByPhoneNumber(const char* pNumber) const;
@@ -334,8 +346,7 @@ class NSDIRECTORY_API CContactLocalManager
     int GetContactData(ContactGeneralItemData* pData, const qz::basic_string<char>& strName,
                        const qz::basic_string<char>& strNumber) const;
 
-    // -- Rings and photos: ring_and_photo.cpp
-    // -------------------------------------------------------
+    // -- Rings and photos: ring_and_photo.cpp --
 
     // The ring to play for a number: the contact's where its file exists, else that of its group,
     // whose file is not tested; empty where there is neither. pSecond has no effect.
@@ -349,8 +360,7 @@ class NSDIRECTORY_API CContactLocalManager
     // the contact file once in every case. Ids stay.
     int SetDefaultPhoto(const char* pPhoto);
 
-    // -- Export: export_file.cpp
-    // ---------------------------------------------------------------------
+    // -- Export: export_file.cpp --
 
     // Writes groups and contacts into one file at the path, over what is there; an empty path
     // means contact_xported.xml in the data folder. Always 1. The two files stay as they are.
@@ -391,7 +401,7 @@ class NSDIRECTORY_API CContactLocalManager
 
     // Group file: group_file.cpp.
     int MyCreateDefaultGroup();
-    void MyInsertFixedGroups();
+    void MyInsertFixedGroups(int nLimit);
     int MyLoadGroupFromXmlFile(const qz::basic_string<char>& strFileName);
     void MyEnsureGroupFile();
     int MyFillGroupList(const CXmlInput& file, int nLimit);
@@ -411,8 +421,8 @@ class NSDIRECTORY_API CContactLocalManager
     // Group listing: group_listing.cpp.
     int MyGD2CGD(ContactGroupData* pData, const GroupData& group) const;
 
-    // Contact store: contact_store.cpp. The only functions that change m_nBlackCount, besides
-    // MyClearContactList. Pointers into the list are good until it changes.
+    // Contact store: contact_store.cpp. The only functions that change m_nBlackCount. Pointers into
+    // the list are good until it changes.
     ItemData* MyFindContact(const qz::basic_string<char>& strName) const;
     int MyGetContactCountByGroupId(int nGroupId) const;
     // Both: what an add returns, or DIR_RET_BLACK_FULL, DIR_RET_CONTACT_FULL,
@@ -458,7 +468,7 @@ class NSDIRECTORY_API CContactLocalManager
     // ascending under strcasecmp and unique; the contacts ascending under strcasecmp and unique.
     QZList<GroupData*> m_listGroup;
     QZList<ItemData*> m_listContact;
-    CRIdGenerator* m_pIdGenerator = nullptr;  // owned; stands at 1 after each load
+    CRIdGenerator* m_pIdGenerator = nullptr;  // owned; at 1 after a load of groups
 
     // Any int; reached when the count is at or above it.
     int m_nMaxGroupCount = -1;

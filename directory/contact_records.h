@@ -15,8 +15,9 @@ namespace NS_DIRECTORY {
 // Results. Failures are negative, so that counts and positions are free for success. A few
 // operations answer success with 0; each says so at its declaration.
 inline constexpr int DIR_RET_OK = 1;
-inline constexpr int DIR_RET_OK_ZERO = 0;  // success of the moves by name and of SetDefaultPhoto
-inline constexpr int DIR_RET_NONE = 0;     // a query that found nothing, a load that was not whole
+inline constexpr int DIR_RET_OK_ZERO =
+    0;                                  // success of SetDefaultPhoto, the moves by name, their test
+inline constexpr int DIR_RET_NONE = 0;  // a query that found nothing, a load that was not whole
 
 inline constexpr int DIR_RET_GROUP_EXIST = -1;        // a group of that name or id exists
 inline constexpr int DIR_RET_CONTACT_EXIST = -2;      // a contact of that name exists

@@ -73,7 +73,7 @@ int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& 
     if (place.m_nResult < 0) {
         return place.m_nResult;
     }
-    const int nLinked = MyLinkContact(place.m_pos, data);
+    const int nLinked = MyLinkContact(place.m_itPlace, data);
     if (nLinked < 0) {
         return nLinked;
     }
@@ -93,7 +93,7 @@ int CContactLocalManager::MyInsertLoadedContact(const ContactLimits& limits, con
         return nTest;
     }
     const ContactPlace place = FindContactPlaceFromTail(m_listContact, data);
-    return place.m_nResult < 0 ? place.m_nResult : MyLinkContact(place.m_pos, data);
+    return place.m_nResult < 0 ? place.m_nResult : MyLinkContact(place.m_itPlace, data);
 }
 
 int CContactLocalManager::MyTestContactLimit(const ContactLimits& limits, int nGroupId,

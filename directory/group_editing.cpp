@@ -103,21 +103,27 @@ CContactLocalManager::GroupIterator CContactLocalManager::MyFindGroupPosition(
 
 int CContactLocalManager::MyRenameGroup(GroupIterator pos, const ContactGroupData& data)
 {
-    const int nTest = MyTestRename(*pos->value, data);
+    GroupData* pGroup = pos->value;
+    const int nTest = MyTestRename(*pGroup, data);
     if (nTest < 0) {
         return nTest;
     }
     // The contact file gets the new name while a group still bears it with this id: the contacts
     // are about to be read back by name.
-    pos->value->m_strDisplayName = data.m_strDisplayName;
+    pGroup->m_strDisplayName = data.m_strDisplayName;
     MySetContactDirty(true);
-    const int nId = pos->value->m_nId;
-    (void)MyEraseGroup(pos);
-    return MyAddGroup(data, nId);
+    // The record moves to its new place as it is, so that no lack of memory can lose it.
+    (void)m_listGroup.erase(pos);
+    (void)MyCGD2GD(pGroup, pGroup->m_nId, data);  // the id of a stored group is never negative
+    const GroupPlace place = FindGroupPlace(m_listGroup, *pGroup, m_nMaxGroupCount, nullptr);
+    m_listGroup.insert(place.m_itPlace, pGroup);
+    MySetGroupDirty(true);
+    MyReloadAfterEdit();
+    return place.m_nResult;
 }
 
-// All that could refuse the new name, tested before anything is touched, in the order in which the
-// add would refuse it.
+// All that could refuse the new name, tested before anything is touched, in the order in which an
+// add refuses.
 int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGroupData& data) const
 {
     if (IsGroupExist(data.m_strDisplayName)) {
@@ -129,7 +135,7 @@ int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGrou
         return DIR_RET_GROUP_FULL;
     }
     GroupData renamed;
-    (void)MyCGD2GD(&renamed, group.m_nId, data);  // the id of a stored group is never negative
+    (void)MyCGD2GD(&renamed, group.m_nId, data);
     const GroupPlace place = FindGroupPlace(m_listGroup, renamed, m_nMaxGroupCount, &group);
     if (place.m_nResult < 0) {
         return place.m_nResult;
@@ -157,7 +163,7 @@ int CContactLocalManager::RemoveGroup(const qz::basic_string<char>& strName)
         return DIR_RET_GROUP_READ_ONLY;
     }
     (void)MyUpdateAllContactGroupId(pos->value->m_nId, GROUP_ID_ALL);
-    // Again, and also for a group without contacts: devices count on the file being fresh.
+    // Again, and also for a group without contacts: the reload takes what this file holds.
     MySetContactDirty(true);
     (void)MyEraseGroup(pos);
     MySetGroupDirty(true);

@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_element.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
@@ -37,24 +38,22 @@ int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& s
 
 int CContactLocalManager::MyCreateDefaultGroup()
 {
-    MyInsertFixedGroups();
-    if (m_pIdGenerator != nullptr) {
-        (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);
-    }
+    MyInsertFixedGroups(m_nMaxGroupCount);
     return DIR_RET_OK;
 }
 
-// Whatever the limit: without its fixed groups the directory could hold no contact.
-void CContactLocalManager::MyInsertFixedGroups()
+void CContactLocalManager::MyInsertFixedGroups(int nLimit)
 {
-    GroupData group;
-    group.m_bReadOnly = true;
-    group.m_nId = GROUP_ID_ALL;
-    group.m_strDisplayName = NAME_ALL_CONTACTS;
-    (void)MyInsertGroupWithin(INT_MAX, group, false);  // refused only where it is there already
-    group.m_nId = GROUP_ID_BLACKLIST;
-    group.m_strDisplayName = NAME_BLACKLIST;
-    (void)MyInsertGroupWithin(INT_MAX, group, false);
+    for (const FixedGroup& fixed : FIXED_GROUPS) {
+        GroupData group;
+        group.m_nId = fixed.m_nId;
+        group.m_strDisplayName = fixed.m_pName;
+        group.m_bReadOnly = true;
+        (void)MyInsertGroupWithin(nLimit, group, false);  // a list that has it already keeps it
+    }
+    if (m_pIdGenerator != nullptr) {
+        (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);
+    }
 }
 
 void CContactLocalManager::MyEnsureGroupFile()
@@ -88,8 +87,8 @@ int CContactLocalManager::ReloadGroupXml()
 int CContactLocalManager::MyGroupLimitForReload() const
 {
     int nHeld = GetCurrentGroupCount();
-    for (const char* pName : {NAME_ALL_CONTACTS, NAME_BLACKLIST}) {
-        if (!IsGroupExist(pName)) {
+    for (const FixedGroup& fixed : FIXED_GROUPS) {
+        if (!IsGroupExist(fixed.m_pName)) {
             ++nHeld;
         }
     }
@@ -102,7 +101,7 @@ int CContactLocalManager::MyFillGroupList(const CXmlInput& file, int nLimit)
         m_bKeepGroupNames = true;
         return DIR_RET_NONE;
     }
-    (void)MyCreateDefaultGroup();
+    MyInsertFixedGroups(INT_MAX);  // without them the directory could hold no contact
     int nResult = DIR_RET_OK;
     int nNextId = FIRST_USER_GROUP_ID;
     for (pugi::xml_node element : file.Root().children(ELEMENT_GROUP)) {

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
@@ -24,7 +25,7 @@ CContactLocalManager::GroupData* CContactLocalManager::MyFindGroupById(int nId) 
 // By the id alone: the mark in the file protects no user group.
 bool CContactLocalManager::MyIsGroupReadOnly(int nId) const
 {
-    return nId == GROUP_ID_ALL || nId == GROUP_ID_BLACKLIST;
+    return IsFixedGroupId(nId);
 }
 
 CContactLocalManager::GroupData* CContactLocalManager::MyFindGroupByDisplayName(
@@ -118,8 +119,7 @@ int CContactLocalManager::GetGroupIndexByName(const char* pName) const
     return 0;
 }
 
-// The one comparison that callers rely on, from when the blacklist stood last. It does not look
-// which group stands there.
+// One comparison, and callers rely on it: it does not look which group stands there.
 bool CContactLocalManager::IsBlacklistIndex(int nIndex) const
 {
     return nIndex == GetCurrentGroupCount() - 1;
@@ -140,7 +140,7 @@ int CContactLocalManager::MyInsertGroupWithin(int nLimit, const GroupData& data,
     if (pGroup == nullptr) {
         return DIR_RET_NO_MEMORY;
     }
-    m_listGroup.insert(place.m_pos, pGroup);
+    m_listGroup.insert(place.m_itPlace, pGroup);
     if (bSave) {
         MySetGroupDirty(true);
     }

@@ -4,8 +4,8 @@
 //
 // Duties of every answer:
 //  - It returns, soon, and throws nothing. It must not call the directory.
-//  - The directory asks anew each time and keeps no answer. A save on a colour screen asks for the
-//    screen once a contact, so this answer should cost no more than reading a variable.
+//  - The directory asks anew each time and keeps no answer. A load, a save and an export ask for
+//    the screen once a contact, so that answer should cost no more than reading a variable.
 
 #ifndef NSDIRECTORY_PLATFORM_DEVICE_SERVICES_H
 #define NSDIRECTORY_PLATFORM_DEVICE_SERVICES_H
@@ -22,7 +22,8 @@ class ZMK_MiscHelper
   public:
     // Non-zero where a file exists at the path. It is asked for the two files of the directory and
     // for the ring of a contact. A wrong zero for the group file has the default groups written
-    // over it, so a device whose storage is not up yet must not start the directory.
+    // over it, and one for the contact file gives an empty list that the next save writes over it.
+    // So a device whose storage is not up yet must not start the directory.
     static int pathFileExist(const char* path);
 };
 

@@ -1,3 +1,6 @@
+// A contact as an element: what a save writes is what a load reads, but for the name index, which
+// is written empty and never read.
+
 #include "directory/internal/contact_element.h"
 
 #include <climits>

@@ -1,16 +1,14 @@
+// A group as an element: what a save writes is what a load reads.
+
 #include "directory/internal/group_element.h"
 
 #include <cstring>
 
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/xml_names.h"
 
 namespace NS_DIRECTORY {
 namespace {
-
-bool IsFixedGroupName(const char* pName)
-{
-    return std::strcmp(pName, NAME_ALL_CONTACTS) == 0 || std::strcmp(pName, NAME_BLACKLIST) == 0;
-}
 
 pugi::xml_node AppendNameAndRing(CXmlOutput& file, pugi::xml_node root, const char* pName,
                                  const char* pRing)

@@ -1,8 +1,11 @@
+// The walks that keep the two lists in order. Names are compared by strcasecmp, and the first
+// comparison that decides ends the walk.
+
 #include "directory/internal/name_order.h"
 
 #include <strings.h>
 
-#include "directory/internal/xml_names.h"
+#include "directory/internal/fixed_groups.h"
 
 namespace NS_DIRECTORY {
 namespace {
@@ -13,11 +16,6 @@ using ItemData = CContactLocalManager::ItemData;
 int CompareNames(const qz::basic_string<char>& left, const qz::basic_string<char>& right)
 {
     return strcasecmp(left.c_str(), right.c_str());
-}
-
-bool IsFixedGroup(const GroupData& group)
-{
-    return group.m_nId == GROUP_ID_ALL || group.m_nId == GROUP_ID_BLACKLIST;
 }
 
 bool IsSecondOfName(const GroupData& present, const GroupData& group, const char* pName)
@@ -46,7 +44,7 @@ GroupPlace FindUserGroupPlace(const GroupDataList& list, const GroupData& group,
         if (&present == pRenamed) {
             continue;
         }
-        const int nOrder = IsFixedGroup(present)
+        const int nOrder = IsFixedGroupId(present.m_nId)
                                ? -1
                                : CompareNames(present.m_strDisplayName, group.m_strDisplayName);
         if (nOrder == 0) {

@@ -14,13 +14,13 @@ using ItemDataList = QZList<CContactLocalManager::ItemData*>;
 // negative refusal, and then there is no place.
 struct GroupPlace
 {
-    GroupDataList::ListIterator m_pos;
+    GroupDataList::ListIterator m_itPlace;
     int m_nResult;
 };
 
 struct ContactPlace
 {
-    ItemDataList::ListIterator m_pos;
+    ItemDataList::ListIterator m_itPlace;
     int m_nResult;
 };
 

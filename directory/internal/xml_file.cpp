@@ -1,3 +1,5 @@
+// XML in and out. The files of devices in the field depend on the options here.
+
 #include "directory/internal/xml_file.h"
 
 #include <cstdio>
@@ -10,7 +12,7 @@ constexpr unsigned int PARSE_OPTIONS = pugi::parse_default;
 constexpr unsigned int WRITE_FLAGS = pugi::format_indent;
 constexpr char INDENT[] = "\t";
 static_assert(PARSE_OPTIONS == 0x74 && WRITE_FLAGS == 1 && pugi::encoding_auto == 0,
-              "the files of devices in the field were written and read with these");
+              "files would be written or read in another form");
 
 }  // namespace
 
@@ -65,7 +67,7 @@ void CXmlOutput::Save(const char* pPath) const
     if (!m_bWhole) {
         return;
     }
-    // A failed write goes unreported: the list keeps the change and the next save brings it along.
+    // A failed write goes unreported: what is in memory stays, and the next save brings it along.
     (void)m_document.save_file(pPath, INDENT, WRITE_FLAGS, pugi::encoding_auto);
 }
 

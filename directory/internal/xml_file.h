@@ -23,8 +23,8 @@ class CXmlInput
     pugi::xml_node m_root;
 };
 
-// Looks up the attributes of one element by name; the first of a name counts. It is quickest when
-// they are asked for in the order in which they stand.
+// Looks up the attributes of one element by name, each name once; the first of a name counts. It
+// is quickest when they are asked for in the order in which they stand.
 class CAttributeReader
 {
   public:

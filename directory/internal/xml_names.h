@@ -1,5 +1,5 @@
-// Every name that reaches the disk: files, elements, attributes and fixed values, each once. What
-// writes a file and what reads it share them.
+// The names that what writes a file and what reads it must share, each once: files, elements,
+// attributes, the fixed groups.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
@@ -8,6 +8,7 @@ namespace NS_DIRECTORY {
 
 // NSDIRECTORY_DATA_DIR comes from the build and ends in a slash.
 inline constexpr char DATA_DIR[] = NSDIRECTORY_DATA_DIR;
+static_assert(DATA_DIR[sizeof(DATA_DIR) - 2] == '/', "file names follow at once");
 inline constexpr char EXPORT_FILE_NAME[] = "contact_xported.xml";
 inline constexpr char GROUP_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_group_list.xml";
 inline constexpr char CONTACT_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_list.xml";
