@@ -2,6 +2,7 @@
 
 #include <climits>
 
+#include "desk_phone/phone.h"
 #include "desk_phone/screen.h"
 
 namespace desk_phone {
@@ -42,7 +43,7 @@ void TakeField(const std::string& strKey, const std::string& strValue,
 {
     for (const TextFieldData& field : TEXT_FIELDS) {
         if (strKey == field.m_pKey) {
-            contact.*field.m_pField = strValue.c_str();
+            contact.*field.m_pField = ToText(strValue);
             return;
         }
     }

@@ -21,7 +21,7 @@ NameList ToNameList(Words::const_iterator pos, Words::const_iterator end)
 {
     NameList names;
     for (; pos != end; ++pos) {
-        names.push_back(pos->c_str());
+        names.push_back(ToText(*pos));
     }
     return names;
 }
@@ -30,7 +30,7 @@ NameList ToNameList(Words::const_iterator pos, Words::const_iterator end)
 ContactGroupData ReadGroup(const PhoneData& phone, const std::string& strName)
 {
     ContactGroupData group;
-    const int nId = phone.m_directory.GetGroupIdByGroupName(strName.c_str());
+    const int nId = phone.m_directory.GetGroupIdByGroupName(ToText(strName));
     (void)phone.m_directory.GetGroupDataByID(&group, nId);  // a missing group is refused later
     return group;
 }
@@ -40,8 +40,9 @@ ContactGroupData ReadGroup(const PhoneData& phone, const std::string& strName)
 void AddContact(PhoneData& phone, const Words& words)
 {
     ContactGeneralItemData contact;
-    contact.m_strDisplayName = words[1].c_str();
-    phone.m_directory.GetGroupNameByIndex(0, contact.m_strGroupName);
+    contact.m_strDisplayName = ToText(words[1]);
+    // Without any groups the name stays empty, and the add is refused.
+    (void)phone.m_directory.GetGroupNameByIndex(0, contact.m_strGroupName);
     TakeFields(words, 2, contact);
     PrintResult(phone.m_directory.AddContact(contact.m_strGroupName, contact), COUNTER,
                 words[1] + " is added to " + contact.m_strGroupName.c_str());
@@ -51,16 +52,16 @@ void UpdateContact(PhoneData& phone, const Words& words)
 {
     ContactGeneralItemData contact;
     // A contact that is not there is refused by the update itself.
-    (void)phone.m_directory.GetContactDataByName(&contact, words[1].c_str());
+    (void)phone.m_directory.GetContactDataByName(&contact, ToText(words[1]));
     TakeFields(words, 2, contact);
-    PrintResult(phone.m_directory.UpdateContactData(words[1].c_str(), contact), COUNTER,
+    PrintResult(phone.m_directory.UpdateContactData(ToText(words[1]), contact), COUNTER,
                 std::string(contact.m_strDisplayName.c_str()) + " is up to date");
 }
 
 void RemoveContacts(PhoneData& phone, const Words& words)
 {
     if (words.size() == 2) {
-        PrintResult(phone.m_directory.RemoveContact(words[1].c_str()), OK,
+        PrintResult(phone.m_directory.RemoveContact(ToText(words[1])), OK,
                     words[1] + " is removed");
         return;
     }
@@ -70,7 +71,7 @@ void RemoveContacts(PhoneData& phone, const Words& words)
 
 void RemoveAllContacts(PhoneData& phone, const Words& words)
 {
-    const int nId = phone.m_directory.GetGroupIdByGroupName(words[1].c_str());
+    const int nId = phone.m_directory.GetGroupIdByGroupName(ToText(words[1]));
     if (nId == NS_DIRECTORY::GROUP_ID_NONE) {
         throw CWrongInput("There is no group " + words[1] + ".");
     }
@@ -85,55 +86,55 @@ void MoveContacts(PhoneData& phone, const Words& words)
     const std::string& strGroup = words.back();
     if (words.size() == 3) {
         // For this operation a name of no contact is no failure.
-        const bool bThere = phone.m_directory.IsContactExist(words[1].c_str());
-        PrintResult(phone.m_directory.MoveContactToGroup(words[1].c_str(), strGroup.c_str()),
+        const bool bThere = phone.m_directory.IsContactExist(ToText(words[1]));
+        PrintResult(phone.m_directory.MoveContactToGroup(ToText(words[1]), ToText(strGroup)),
                     OK_ZERO,
                     bThere ? words[1] + " stands in " + strGroup : "nothing to move: " + words[1]);
         return;
     }
     NameList names = ToNameList(words.begin() + 1, words.end() - 1);
-    PrintResult(phone.m_directory.MoveListToGroup(names, strGroup.c_str()), OK_ZERO,
+    PrintResult(phone.m_directory.MoveListToGroup(names, ToText(strGroup)), OK_ZERO,
                 "the named contacts stand in " + strGroup);
 }
 
 void Block(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.Local2Black(words[1].c_str()), OK, words[1] + " is blocked");
+    PrintResult(phone.m_directory.Local2Black(ToText(words[1])), OK, words[1] + " is blocked");
 }
 
 void Unblock(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.Black2Local(words[1].c_str()), OK, words[1] + " may call again");
+    PrintResult(phone.m_directory.Black2Local(ToText(words[1])), OK, words[1] + " may call again");
 }
 
 void AddGroup(PhoneData& phone, const Words& words)
 {
     ContactGroupData group;
-    group.m_strDisplayName = words[1].c_str();
-    group.m_strRing = words.size() > 2 ? words[2].c_str() : "";
+    group.m_strDisplayName = ToText(words[1]);
+    group.m_strRing = ToText(words.size() > 2 ? words[2] : "");
     PrintResult(phone.m_directory.AddGroup(group), POSITION, "the group " + words[1] + " is added");
 }
 
 void RenameGroup(PhoneData& phone, const Words& words)
 {
     ContactGroupData group = ReadGroup(phone, words[1]);
-    group.m_strDisplayName = words[2].c_str();
-    PrintResult(phone.m_directory.UpdateGroupData(words[1].c_str(), group), POSITION,
+    group.m_strDisplayName = ToText(words[2]);
+    PrintResult(phone.m_directory.UpdateGroupData(ToText(words[1]), group), POSITION,
                 "the group " + words[1] + " is called " + words[2]);
 }
 
 void SetGroupRing(PhoneData& phone, const Words& words)
 {
     ContactGroupData group;
-    group.m_strDisplayName = words[1].c_str();
-    group.m_strRing = words[2].c_str();
-    PrintResult(phone.m_directory.UpdateGroupData(words[1].c_str(), group), POSITION,
+    group.m_strDisplayName = ToText(words[1]);
+    group.m_strRing = ToText(words[2]);
+    PrintResult(phone.m_directory.UpdateGroupData(ToText(words[1]), group), POSITION,
                 words[1] + (words[2].empty() ? " has no ring" : " rings with " + words[2]));
 }
 
 void RemoveGroup(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.RemoveGroup(words[1].c_str()), OK,
+    PrintResult(phone.m_directory.RemoveGroup(ToText(words[1])), OK,
                 "the group " + words[1] + " is removed");
 }
 

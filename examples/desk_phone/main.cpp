@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <clocale>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -102,18 +103,18 @@ int main(int argc, char** argv)
     // Set ahead of the directory, whose lists it orders, and always the same, so that they come up
     // in the same order on each start. Its texts are UTF-8, and so is the screen.
     (void)std::setlocale(LC_ALL, "C.UTF-8");  // without it other than ASCII shows as "?"
-    CLI::App app("A terminal program that stands in for a telephone with a local phone book.");
-    std::string strFolder = "desk_phone_data";
-    std::string strScript;
-    app.add_option("-f,--folder", strFolder, "Working folder; made where it is not there")
-        ->capture_default_str();
-    app.add_option("SCRIPT", strScript, "File of commands; without it they come from the input")
-        ->check(CLI::ExistingFile);
-    CLI11_PARSE(app, argc, argv);
     try {
+        CLI::App app("A terminal program that stands in for a telephone with a local phone book.");
+        std::string strFolder = "desk_phone_data";
+        std::string strScript;
+        app.add_option("-f,--folder", strFolder, "Working folder; made where it is not there")
+            ->capture_default_str();
+        app.add_option("SCRIPT", strScript, "File of commands; without it they come from the input")
+            ->check(CLI::ExistingFile);
+        CLI11_PARSE(app, argc, argv);
         return Run(strFolder, strScript);
     } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
+        (void)std::fprintf(stderr, "%s\n", failure.what());  // there is nowhere else to tell it
         return EXIT_FAILURE;
     }
 }

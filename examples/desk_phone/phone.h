@@ -9,6 +9,13 @@
 
 namespace desk_phone {
 
+// A text in the type that the directory takes.
+inline qz::basic_string<char> ToText(const std::string& strText)
+{
+    qz::basic_string<char> result;
+    return result.assign(strText.data(), static_cast<unsigned int>(strText.size()));
+}
+
 struct PhoneData
 {
     NS_DIRECTORY::CContactLocalManager& m_directory;

@@ -156,7 +156,7 @@ void ListContacts(PhoneData& phone, const Words& words)
     ContactGeneralItemListData page;
     page.m_nIndexFrom = words.size() > 2 ? ToNumber(words[2], 1, "FROM") - 1 : 0;
     page.m_nCountToGet = words.size() > 3 ? ToNumber(words[3], 1, "COUNT") : PAGE;
-    if (phone.m_directory.GetContactList(&page, words[1].c_str()) != NS_DIRECTORY::DIR_RET_OK) {
+    if (phone.m_directory.GetContactList(&page, ToText(words[1])) != NS_DIRECTORY::DIR_RET_OK) {
         throw CWrongInput("There is no group " + words[1] + ".");
     }
     const int nShown = static_cast<int>(page.m_listData.size());
@@ -173,7 +173,7 @@ void ListContacts(PhoneData& phone, const Words& words)
 void Show(PhoneData& phone, const Words& words)
 {
     ContactGeneralItemData contact;
-    if (phone.m_directory.GetContactDataByName(&contact, words[1].c_str()) !=
+    if (phone.m_directory.GetContactDataByName(&contact, ToText(words[1])) !=
         NS_DIRECTORY::DIR_RET_OK) {
         throw CWrongInput("There is no contact " + words[1] + ".");
     }
@@ -182,7 +182,7 @@ void Show(PhoneData& phone, const Words& words)
 
 void Export(PhoneData& phone, const Words& words)
 {
-    const int nResult = phone.m_directory.ExportContactAndGroup(words[1].c_str());
+    const int nResult = phone.m_directory.ExportContactAndGroup(ToText(words[1]));
     const std::string strPath =
         words[1].empty() ? NSDIRECTORY_DATA_DIR "contact_xported.xml" : words[1];
     // The result does not tell whether the file could be written.
