@@ -2,6 +2,7 @@
 // record where it stands, unless the name changes: the name decides the place in the list.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/contact_limits.h"
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
@@ -87,10 +88,11 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
     if (m_bReloadByHttp) {
         return DIR_RET_RELOADING;
     }
-    if (strName.empty()) {
+    if (strName.empty()) {  // a search would only say that it is not found
         return DIR_RET_EMPTY_KEY;
     }
-    if (!IsContactExist(strName)) {
+    // The contact before its group: hosts tell a contact that is gone from a group that is.
+    if (GetContactGroupId(strName) < 0) {
         return DIR_RET_CONTACT_NOT_FOUND;
     }
     const GroupData* pTarget = MyFindGroupByDisplayName(data.m_strGroupName);
@@ -98,6 +100,7 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
         return DIR_RET_GROUP_NOT_FOUND;
     }
     const bool bRename = !(strName == data.m_strDisplayName);
+    // A taken name before the limits, other than in an add.
     if (bRename && IsContactExist(data.m_strDisplayName)) {
         return DIR_RET_CONTACT_EXIST;
     }
@@ -110,7 +113,8 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
     return nUpdated < 0 ? nUpdated : nCounter;
 }
 
-// The contact of a name that is there, and how many contacts of the group stand up to it.
+// The contact of that name, which is known to be there, and how many contacts of the group stand
+// up to it.
 CContactLocalManager::ItemIterator CContactLocalManager::MyFindAndCount(
     const qz::basic_string<char>& strName, int nGroupId, int& nCounter) const
 {

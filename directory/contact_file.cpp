@@ -1,25 +1,16 @@
 // The contact file: its load, its save, and the names of missing groups that it must not lose.
 
 #include <algorithm>
-#include <climits>
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/contact_element.h"
+#include "directory/internal/contact_limits.h"
+#include "directory/internal/group_links.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
-namespace {
-
-// Of two limits, negative ones holding nothing.
-int SumOfLimits(int nLeft, int nRight)
-{
-    const int nFirst = std::max(nLeft, 0);
-    return nFirst + std::min(std::max(nRight, 0), INT_MAX - nFirst);
-}
-
-}  // namespace
 
 int CContactLocalManager::MyLoadContactFromXmlFile(const qz::basic_string<char>& strFileName)
 {
@@ -35,14 +26,14 @@ int CContactLocalManager::ReloadContactXml()
     return bCleared && bLoaded ? DIR_RET_OK : DIR_RET_NONE;
 }
 
-CContactLocalManager::ContactLimits CContactLocalManager::MyContactLimits() const
+ContactLimits CContactLocalManager::MyContactLimits() const
 {
     return {m_nMaxContactCount, m_nMaxBlackCount};
 }
 
 // What the list holds takes no new slot. A contact of group 0 that keeps the name of the blacklist
 // is on its way back there.
-CContactLocalManager::ContactLimits CContactLocalManager::MyContactLimitsForReload() const
+ContactLimits CContactLocalManager::MyContactLimitsForReload() const
 {
     int nBlackHeld = 0;
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
@@ -64,36 +55,17 @@ int CContactLocalManager::MyFillContactList(const ContactLimits& limits)
     if (!file.HasRoot()) {
         return DIR_RET_NONE;
     }
-    ContactLimits room = limits;
-    if (m_listGroup.size() == 0) {
-        // Without groups every contact stands on the ordinary side, the blacklisted ones too.
-        room.m_nOrdinary = SumOfLimits(limits.m_nOrdinary, limits.m_nBlack);
-    }
+    const ContactLimits room = m_listGroup.size() == 0 ? LimitsWithoutGroups(limits) : limits;
     int nResult = DIR_RET_OK;
     for (pugi::xml_node element : file.Root().children(ELEMENT_CONTACT)) {
         ItemData item;
         const qz::basic_string<char> strGroupName(ReadContactElement(element, item));
-        MyResolveGroup(item, strGroupName);
+        ResolveGroup(m_listGroup, strGroupName, m_bKeepGroupNames, item);
         if (MyInsertLoadedContact(room, item) < 0) {
             nResult = DIR_RET_NONE;
         }
     }
     return nResult;
-}
-
-// A contact of no group that exists stands in "All Contacts". Where groups went missing with a
-// broken group file it keeps the name, or the next save would lose its way home.
-void CContactLocalManager::MyResolveGroup(ItemData& item,
-                                          const qz::basic_string<char>& strGroupName) const
-{
-    item.m_nGroupId = MyGName2Id(strGroupName);
-    if (item.m_nGroupId != GROUP_ID_NONE) {
-        return;
-    }
-    item.m_nGroupId = GROUP_ID_ALL;
-    if (m_bKeepGroupNames) {
-        item.m_strKeptGroupName = strGroupName;
-    }
 }
 
 // For the contacts in memory when a reload is about to lose the group list.
@@ -110,11 +82,7 @@ void CContactLocalManager::MyKeepGroupNames()
 // Good until either list changes.
 const char* CContactLocalManager::MyGroupNameForFile(const ItemData& item) const
 {
-    if (!item.m_strKeptGroupName.empty()) {
-        return item.m_strKeptGroupName.c_str();
-    }
-    const GroupData* pGroup = MyFindGroupById(item.m_nGroupId);
-    return pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str();
+    return GroupNameForFile(m_listGroup, item);
 }
 
 void CContactLocalManager::MySetContactDirty(bool bDirty)

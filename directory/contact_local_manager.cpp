@@ -4,14 +4,11 @@
 
 #include <new>
 
+#include "directory/internal/contact_limits.h"
 #include "directory/internal/xml_names.h"
 
 namespace NS_DIRECTORY {
 namespace {
-
-constexpr int START_MAX_GROUP_COUNT = 50;
-constexpr int START_MAX_CONTACT_COUNT = 1000;
-constexpr int START_MAX_BLACK_COUNT = 30;
 
 int Exchange(int& nLimit, int nNew)
 {

@@ -48,6 +48,7 @@
 namespace NS_DIRECTORY {
 
 class CXmlInput;
+struct ContactLimits;
 
 class NSDIRECTORY_API CContactLocalManager
 {
@@ -183,9 +184,9 @@ class NSDIRECTORY_API CContactLocalManager
     // DIR_RET_CONTACT_FULL, "Blacklist" is renamed and its contacts do not all fit under the limit
     // of ordinary ones. Writes the contact file, then the group file, then reads both. All ids of
     // user groups end. The contacts go with the name, all but those that keep the name of a missing
-    // group. A fixed group comes back empty and beside the renamed one, which is a user group from
-    // now on: contacts of a renamed blacklist are no longer blocked. The position returned is the
-    // one that the renamed group had before it came back.
+    // group. A fixed group comes back beside the renamed one, which is a user group from now on:
+    // contacts of a renamed blacklist are no longer blocked. The position returned is the one that
+    // the renamed group had before the fixed one came back.
     int UpdateGroupData(const qz::basic_string<char>& strName, const ContactGroupData& data);
 
     // Removes a user group; its contacts go to "All Contacts". 1. Refusals: DIR_RET_RELOADING;
@@ -201,9 +202,7 @@ class NSDIRECTORY_API CContactLocalManager
 
     // -- Group listing: group_listing.cpp --
 
-    // The indexes of a page count the groups that it can show, which are not the positions of the
-    // group list where the blacklist is hidden. A negative first index means that many fewer from
-    // the start; a count of INT_MAX means all that follow.
+    // Where the blacklist is hidden the indexes of a page are not the positions of the group list.
 
     // A page of names and ids, with the blacklist where the configuration shows it. 1, or 0 for
     // null. The total is -1 over an empty group list with the blacklist hidden.
@@ -236,10 +235,10 @@ class NSDIRECTORY_API CContactLocalManager
     // -- Adding and updating contacts: contact_entry.cpp --
     // The adds return how many contacts of the group stand before the new one, and one more where
     // the one behind it is of the group too; for "All Contacts" every contact counts. Photos are
-    // taken on colour screens only. Each writes the contact file once; ids stay.
+    // taken on colour screens only, data.m_strGroupName is not read. Each writes the contact file
+    // once; ids stay.
 
     // Refusals: DIR_RET_RELOADING; DIR_RET_GROUP_NOT_FOUND; then those of AddContactById.
-    // data.m_strGroupName is not read.
     int AddContact(const qz::basic_string<char>& strGroupName, const ContactGeneralItemData& data);
 
     // Refusals: DIR_RET_RELOADING; DIR_RET_GROUP_ID_FAIL, no group of that id; DIR_RET_BLACK_FULL
@@ -254,14 +253,13 @@ class NSDIRECTORY_API CContactLocalManager
     // DIR_RET_RELOADING; DIR_RET_EMPTY_KEY, strName is empty; DIR_RET_CONTACT_NOT_FOUND;
     // DIR_RET_GROUP_NOT_FOUND; DIR_RET_CONTACT_EXIST, another contact has the new name.
     // With the same name: DIR_RET_BLACK_FULL for a move into the blacklist, DIR_RET_CONTACT_FULL
-    // for one out of it. Returns how many contacts of the target group stand before and at the
-    // contact, counted ahead of the change. Writes the contact file once where a value differs,
-    // else nothing.
-    // With a new name the contact is put in afresh: DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL, the
-    // others of the target's side reach the limit; DIR_RET_CONTACT_EXIST, another contact's name
-    // is equal under strcasecmp; DIR_RET_NO_MEMORY. Returns what an add returns. Writes the
-    // contact file once. On plain screens its photo is lost.
-    // Ids stay.
+    // for one out of it. Returns how many contacts of the target group, or of all for
+    // "All Contacts", stand before and at the contact, counted ahead of the change. Writes the
+    // contact file once where a value differs, else nothing. With a new name the contact is put in
+    // afresh: DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL, the others of the target's side reach the
+    // limit; DIR_RET_CONTACT_EXIST, another contact's name is equal under strcasecmp;
+    // DIR_RET_NO_MEMORY. Returns what an add returns. Writes the contact file once. On plain
+    // screens its photo is lost. Ids stay.
     int UpdateContactData(const qz::basic_string<char>& strName,
                           const ContactGeneralItemData& data);
 
@@ -282,9 +280,10 @@ class NSDIRECTORY_API CContactLocalManager
     int RemoveAllContacts(int nGroupId);
 
     // -- Moving contacts and the blacklist: contact_moves.cpp --
-    // A move changes the contact's group and nothing else. Contacts that cross the border of the
-    // blacklist need a free slot on the other side; names of no contact need none and are no
-    // failure. Each writes the contact file once where a contact moved, else nothing. Ids stay.
+    // A move changes the contact's group and nothing else. In the three by group name, contacts
+    // that cross the border of the blacklist need a free slot on the other side; names of no
+    // contact need none and are no failure there. Each writes the contact file once where a contact
+    // moved, else nothing. Ids stay.
 
     // 0 where the named contacts fit into the group. Refusals: DIR_RET_RELOADING;
     // DIR_RET_GROUP_NOT_FOUND; DIR_RET_BLACK_FULL for the blacklist, DIR_RET_CONTACT_FULL for any
@@ -314,7 +313,7 @@ class NSDIRECTORY_API CContactLocalManager
     int Local2Black(const qz::basic_string<char>& strName);
 
     // -- Contact listing and reading: contact_reading.cpp --
-    // A contact whose group is missing counts but is not handed out. Pages as for the groups.
+    // A contact whose group is missing counts but is not handed out.
 
     // 1 and the contact; 0, with pData untouched, where there is no such contact, pData is null or
     // the contact's group is missing. On plain screens the photo fields of pData are untouched.
@@ -330,7 +329,7 @@ class NSDIRECTORY_API CContactLocalManager
     // -- Lookup by number: number_lookup.cpp --
     // A number matches one of a contact's three numbers byte for byte, nothing else: hosts
     // normalise numbers before they store and ask. Of several contacts with the number the first in
-    // the list answers. Null and empty numbers match nothing. One walk of the list each.
+    // the list answers. Null and empty numbers match nothing. One walk of the list for a number.
 
     // The contact's display name; empty where there is none.
     qz::basic_string<char> GetContactNameByPhoneNumber(const char* pNumber) const;
@@ -363,19 +362,13 @@ class NSDIRECTORY_API CContactLocalManager
     // -- Export: export_file.cpp --
 
     // Writes groups and contacts into one file at the path, over what is there; an empty path
-    // means contact_xported.xml in the data folder. Always 1. The two files stay as they are.
+    // means contact_xported.xml in the data folder. Always 1. The two files stay as they
+    // are, unless the path is one of theirs.
     int ExportContactAndGroup(qz::basic_string<char> strPath);
 
   private:
     using GroupIterator = QZList<GroupData*>::ListIterator;
     using ItemIterator = QZList<ItemData*>::ListIterator;
-
-    // How many contacts of each side an insert may bring up to.
-    struct ContactLimits
-    {
-        int m_nOrdinary;
-        int m_nBlack;
-    };
 
     // Life: contact_local_manager.cpp.
     CContactLocalManager();
@@ -429,11 +422,14 @@ class NSDIRECTORY_API CContactLocalManager
     // DIR_RET_CONTACT_EXIST or DIR_RET_NO_MEMORY.
     int MyInsertContactNoCheckGroup(const ItemData& data, bool bSave);
     int MyInsertContact(const ItemData& data, bool bSave);
-    // The same for a record that takes the place of the one at posOld, which counts for nothing.
+    // The same for a record that takes the place of the one at posOld, if not null, which counts
+    // for nothing.
     int MyReplaceContact(ItemIterator posOld, const ItemData& data, bool bSave);
     // The same for a record that is read from the file; the result tells only whether it is in.
     int MyInsertLoadedContact(const ContactLimits& limits, const ItemData& data);
     int MyTestContactLimit(const ContactLimits& limits, int nGroupId, const ItemData* pOld) const;
+    long long MyFreeSlots(const ContactLimits& limits, int nGroupId) const;
+    int MyFullResult(int nGroupId) const;
     int MyLinkContact(ItemIterator pos, const ItemData& data);
     ItemIterator MyEraseContact(ItemIterator pos);
     bool MyChangeContactGroup(ItemData& item, int nGroupId);  // false: it is there already
@@ -444,7 +440,6 @@ class NSDIRECTORY_API CContactLocalManager
     int MyFillContactList(const ContactLimits& limits);
     ContactLimits MyContactLimits() const;
     ContactLimits MyContactLimitsForReload() const;
-    void MyResolveGroup(ItemData& item, const qz::basic_string<char>& strGroupName) const;
     void MyKeepGroupNames();
     const char* MyGroupNameForFile(const ItemData& item) const;
 

@@ -17,11 +17,6 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
         return DIR_RET_GROUP_NOT_FOUND;
     }
     const bool bToBlack = nTargetId == GROUP_ID_BLACKLIST;
-    // In 64 bits, since a limit may be any int; below 0 where the count is above the limit, and
-    // then nothing fits, not even a list that needs no slot.
-    const long long nFree =
-        bToBlack ? static_cast<long long>(m_nMaxBlackCount) - GetCurrentBlackCount()
-                 : static_cast<long long>(m_nMaxContactCount) - GetCurrentContactCount();
     long long nNeeded = 0;
     CNameList names(listName);
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end() && !names.IsEmpty();
@@ -31,10 +26,10 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
             ++nNeeded;
         }
     }
-    if (nFree >= nNeeded) {
-        return DIR_RET_OK_ZERO;
-    }
-    return bToBlack ? DIR_RET_BLACK_FULL : DIR_RET_CONTACT_FULL;
+    // Below 0 free slots, where the count is above the limit, nothing fits, not even a list that
+    // needs no slot.
+    const bool bFits = MyFreeSlots(MyContactLimits(), nTargetId) >= nNeeded;
+    return bFits ? DIR_RET_OK_ZERO : MyFullResult(nTargetId);
 }
 
 int CContactLocalManager::MoveListToGroup(QZList<qz::basic_string<char>>& listName,
@@ -88,7 +83,7 @@ int CContactLocalManager::SetContactGroupId(const qz::basic_string<char>& strNam
         return DIR_RET_RELOADING;
     }
     ItemData* pItem = MyFindContact(strName);
-    if (pItem == nullptr) {
+    if (pItem == nullptr) {  // before the group, as in UpdateContactData
         return DIR_RET_CONTACT_NOT_FOUND;
     }
     if (MyFindGroupById(nGroupId) == nullptr) {

@@ -15,9 +15,8 @@ namespace NS_DIRECTORY {
 // Results. Failures are negative, so that counts and positions are free for success. A few
 // operations answer success with 0; each says so at its declaration.
 inline constexpr int DIR_RET_OK = 1;
-inline constexpr int DIR_RET_OK_ZERO =
-    0;                                  // success of SetDefaultPhoto, the moves by name, their test
-inline constexpr int DIR_RET_NONE = 0;  // a query that found nothing, a load that was not whole
+inline constexpr int DIR_RET_OK_ZERO = 0;  // of the moves by name, their test, SetDefaultPhoto
+inline constexpr int DIR_RET_NONE = 0;     // a query that found nothing, a load that was not whole
 
 inline constexpr int DIR_RET_GROUP_EXIST = -1;        // a group of that name or id exists
 inline constexpr int DIR_RET_CONTACT_EXIST = -2;      // a contact of that name exists
@@ -71,7 +70,9 @@ struct ContactGroupSimpleData
 };
 
 // Paged lists. The host sets the range; the library appends the entries to m_listData without
-// emptying it first, and sets the total, which counts the entries on all pages.
+// emptying it first, and sets the total, which counts the entries on all pages. Indexes count the
+// entries that the list can show. A negative first index means that many fewer from the start; a
+// count of INT_MAX means all that follow.
 struct ContactGroupSimpleListData
 {
     QZList<ContactGroupSimpleData> m_listData;

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/contact_limits.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
@@ -104,10 +105,7 @@ int CContactLocalManager::MyTestContactLimit(const ContactLimits& limits, int nG
     if (pOld != nullptr && (pOld->m_nGroupId == GROUP_ID_BLACKLIST) == bBlack) {
         --nCount;
     }
-    if (bBlack) {
-        return nCount >= limits.m_nBlack ? DIR_RET_BLACK_FULL : DIR_RET_OK;
-    }
-    return nCount >= limits.m_nOrdinary ? DIR_RET_CONTACT_FULL : DIR_RET_OK;
+    return TestContactLimit(limits, nGroupId, nCount);
 }
 
 int CContactLocalManager::MyLinkContact(ItemIterator pos, const ItemData& data)

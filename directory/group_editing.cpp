@@ -115,6 +115,7 @@ int CContactLocalManager::MyRenameGroup(GroupIterator pos, const ContactGroupDat
     // The record moves to its new place as it is, so that no lack of memory can lose it.
     (void)m_listGroup.erase(pos);
     (void)MyCGD2GD(pGroup, pGroup->m_nId, data);  // the id of a stored group is never negative
+    // It has a place: the test has looked for it among the same groups.
     const GroupPlace place = FindGroupPlace(m_listGroup, *pGroup, m_nMaxGroupCount, nullptr);
     m_listGroup.insert(place.m_itPlace, pGroup);
     MySetGroupDirty(true);

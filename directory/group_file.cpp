@@ -13,13 +13,6 @@
 namespace NS_DIRECTORY {
 namespace {
 
-// What a device starts with.
-constexpr GroupElementData DEFAULT_GROUPS[] = {{NAME_ALL_CONTACTS, "", true},
-                                               {NAME_BLACKLIST, "", true},
-                                               {"Company", "", false},
-                                               {"Family", "", false},
-                                               {"Friend", "", false}};
-
 constexpr int LAST_FIXED_GROUP_ID = GROUP_ID_BLACKLIST;
 constexpr int FIRST_USER_GROUP_ID = LAST_FIXED_GROUP_ID + 1;
 
@@ -28,10 +21,7 @@ constexpr int FIRST_USER_GROUP_ID = LAST_FIXED_GROUP_ID + 1;
 int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& strPath)
 {
     CXmlOutput file;
-    pugi::xml_node root = file.AppendRoot(ELEMENT_ROOT_GROUP);
-    for (const GroupElementData& row : DEFAULT_GROUPS) {
-        AppendGroupElement(file, root, row);
-    }
+    (void)AppendDefaultGroups(file);
     file.Save(strPath.c_str());
     return DIR_RET_OK;
 }
@@ -45,11 +35,8 @@ int CContactLocalManager::MyCreateDefaultGroup()
 void CContactLocalManager::MyInsertFixedGroups(int nLimit)
 {
     for (const FixedGroup& fixed : FIXED_GROUPS) {
-        GroupData group;
-        group.m_nId = fixed.m_nId;
-        group.m_strDisplayName = fixed.m_pName;
-        group.m_bReadOnly = true;
-        (void)MyInsertGroupWithin(nLimit, group, false);  // a list that has it already keeps it
+        // A list that has it already keeps it.
+        (void)MyInsertGroupWithin(nLimit, MakeFixedGroup(fixed), false);
     }
     if (m_pIdGenerator != nullptr) {
         (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);

@@ -5,21 +5,14 @@
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
+#include "directory/internal/group_links.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
 
 CContactLocalManager::GroupData* CContactLocalManager::MyFindGroupById(int nId) const
 {
-    if (nId == GROUP_ID_NONE) {
-        return nullptr;
-    }
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
-        if (pos->value->m_nId == nId) {
-            return pos->value;
-        }
-    }
-    return nullptr;
+    return FindGroupById(m_listGroup, nId);
 }
 
 // By the id alone: the mark in the file protects no user group.
@@ -31,15 +24,7 @@ bool CContactLocalManager::MyIsGroupReadOnly(int nId) const
 CContactLocalManager::GroupData* CContactLocalManager::MyFindGroupByDisplayName(
     const qz::basic_string<char>& strName) const
 {
-    if (strName.empty()) {
-        return nullptr;
-    }
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
-        if (pos->value->m_strDisplayName == strName) {
-            return pos->value;
-        }
-    }
-    return nullptr;
+    return FindGroupByName(m_listGroup, strName);
 }
 
 CContactLocalManager::GroupData* CContactLocalManager::MyFindGroupByDisplayName(

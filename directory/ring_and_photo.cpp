@@ -27,7 +27,7 @@ qz::basic_string<char> CContactLocalManager::GetContactRingByNumber(const char* 
     return pGroup == nullptr ? qz::basic_string<char>() : pGroup->m_strRing;
 }
 
-// The name says ring, the answer is the name of the group, and hosts show it.
+// The operation's name says ring; the answer is the name of the group.
 qz::basic_string<char> CContactLocalManager::GetGroupRingByContact(
     const qz::basic_string<char>& strName) const
 {
@@ -46,7 +46,7 @@ int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
             item.m_strDefaultPhoto = DEFAULT_PHOTO;
         }
     }
-    MySetContactDirty(true);  // in every case: hosts call this to have the file written too
+    MySetContactDirty(true);  // in every case, also where nobody has the photo
     return DIR_RET_OK_ZERO;
 }
 

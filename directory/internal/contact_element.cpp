@@ -14,11 +14,12 @@ namespace {
 
 using ItemData = CContactLocalManager::ItemData;
 
-// Beyond the range of int a number is held at its ends. No digits, as in an absent attribute, give
-// 0.
+// Beyond the range of int a number is held at its ends. An absent attribute gives 0, like every
+// text without digits.
 int NumberOf(pugi::xml_attribute attribute)
 {
-    const long nValue = std::strtol(attribute.value(), nullptr, 10);
+    constexpr int DECIMAL = 10;
+    const long nValue = std::strtol(attribute.value(), nullptr, DECIMAL);
     if (nValue > INT_MAX) {
         return INT_MAX;
     }

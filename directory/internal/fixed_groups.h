@@ -6,7 +6,7 @@
 
 #include <cstring>
 
-#include "directory/contact_records.h"
+#include "directory/contact_local_manager.h"
 #include "directory/internal/xml_names.h"
 
 namespace NS_DIRECTORY {
@@ -19,6 +19,16 @@ struct FixedGroup
 
 inline constexpr FixedGroup FIXED_GROUPS[] = {{GROUP_ID_ALL, NAME_ALL_CONTACTS},
                                               {GROUP_ID_BLACKLIST, NAME_BLACKLIST}};
+
+// As every load makes it afresh.
+inline CContactLocalManager::GroupData MakeFixedGroup(const FixedGroup& fixed)
+{
+    CContactLocalManager::GroupData group;
+    group.m_nId = fixed.m_nId;
+    group.m_strDisplayName = fixed.m_pName;
+    group.m_bReadOnly = true;
+    return group;
+}
 
 inline bool IsFixedGroupId(int nId)
 {

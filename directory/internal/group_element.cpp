@@ -10,6 +10,12 @@
 namespace NS_DIRECTORY {
 namespace {
 
+constexpr GroupElementData DEFAULT_GROUPS[] = {{NAME_ALL_CONTACTS, "", true},
+                                               {NAME_BLACKLIST, "", true},
+                                               {"Company", "", false},
+                                               {"Family", "", false},
+                                               {"Friend", "", false}};
+
 pugi::xml_node AppendNameAndRing(CXmlOutput& file, pugi::xml_node root, const char* pName,
                                  const char* pRing)
 {
@@ -26,6 +32,15 @@ void AppendGroupElement(CXmlOutput& file, pugi::xml_node root, const GroupElemen
     pugi::xml_node element = AppendNameAndRing(file, root, data.m_pDisplayName, data.m_pRing);
     file.AppendText(element, ATTRIBUTE_READ_ONLY,
                     data.m_bReadOnly ? VALUE_READ_ONLY : VALUE_NOT_READ_ONLY);
+}
+
+pugi::xml_node AppendDefaultGroups(CXmlOutput& file)
+{
+    pugi::xml_node root = file.AppendRoot(ELEMENT_ROOT_GROUP);
+    for (const GroupElementData& row : DEFAULT_GROUPS) {
+        AppendGroupElement(file, root, row);
+    }
+    return root;
 }
 
 bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& group)

@@ -23,6 +23,9 @@ void AppendGroupElement(CXmlOutput& file, pugi::xml_node root, const GroupElemen
 // was, for an element of a fixed group: a load passes over those.
 bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& group);
 
+// Appends a root_group with what a new device starts with, and returns it.
+pugi::xml_node AppendDefaultGroups(CXmlOutput& file);
+
 // For the export: the same element without the read-only mark.
 void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root,
                          const CContactLocalManager::GroupData& group);

@@ -18,8 +18,7 @@ static_assert(PARSE_OPTIONS == 0x74 && WRITE_FLAGS == 1 && pugi::encoding_auto =
 
 CXmlInput::CXmlInput(const char* pPath, const char* pRootName)
 {
-    // The status says no more than the document does: what was read before a fault counts.
-    (void)m_document.load_file(pPath, PARSE_OPTIONS, pugi::encoding_auto);
+    m_status = m_document.load_file(pPath, PARSE_OPTIONS, pugi::encoding_auto);
     m_root = m_document.child(pRootName);
 }
 

@@ -17,9 +17,11 @@ class CXmlInput
 
     pugi::xml_node Root() const { return m_root; }  // null where the file has no such element
     bool HasRoot() const { return !m_root.empty(); }
+    const pugi::xml_parse_result& Status() const { return m_status; }  // loads do not go by it
 
   private:
     pugi::xml_document m_document;
+    pugi::xml_parse_result m_status;
     pugi::xml_node m_root;
 };
 

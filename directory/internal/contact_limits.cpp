@@ -1,0 +1,35 @@
+// The one test of both limits of contacts.
+
+#include "directory/internal/contact_limits.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "directory/contact_records.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+// Of two limits, negative ones holding nothing.
+int SumOfLimits(int nLeft, int nRight)
+{
+    const int nFirst = std::max(nLeft, 0);
+    return nFirst + std::min(std::max(nRight, 0), INT_MAX - nFirst);
+}
+
+}  // namespace
+
+ContactLimits LimitsWithoutGroups(const ContactLimits& limits)
+{
+    return {SumOfLimits(limits.m_nOrdinary, limits.m_nBlack), limits.m_nBlack};
+}
+
+int TestContactLimit(const ContactLimits& limits, int nGroupId, int nCount)
+{
+    if (nGroupId == GROUP_ID_BLACKLIST) {
+        return nCount >= limits.m_nBlack ? DIR_RET_BLACK_FULL : DIR_RET_OK;
+    }
+    return nCount >= limits.m_nOrdinary ? DIR_RET_CONTACT_FULL : DIR_RET_OK;
+}
+
+}  // namespace NS_DIRECTORY
