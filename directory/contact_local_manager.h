@@ -428,8 +428,7 @@ class NSDIRECTORY_API CContactLocalManager
     // The same for a record that is read from the file; the result tells only whether it is in.
     int MyInsertLoadedContact(const ContactLimits& limits, const ItemData& data);
     int MyTestContactLimit(const ContactLimits& limits, int nGroupId, const ItemData* pOld) const;
-    long long MyFreeSlots(const ContactLimits& limits, int nGroupId) const;
-    int MyFullResult(int nGroupId) const;
+    int MyCountOfSide(int nGroupId) const;  // of the blacklist, or of all ordinary contacts
     int MyLinkContact(ItemIterator pos, const ItemData& data);
     ItemIterator MyEraseContact(ItemIterator pos);
     bool MyChangeContactGroup(ItemData& item, int nGroupId);  // false: it is there already

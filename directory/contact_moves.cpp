@@ -2,6 +2,7 @@
 // all slots are counted before the first contact moves.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/contact_limits.h"
 #include "directory/internal/name_list.h"
 
 namespace NS_DIRECTORY {
@@ -17,7 +18,7 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
         return DIR_RET_GROUP_NOT_FOUND;
     }
     const bool bToBlack = nTargetId == GROUP_ID_BLACKLIST;
-    long long nNeeded = 0;
+    int nNeeded = 0;
     CNameList names(listName);
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end() && !names.IsEmpty();
          pos = pos->next) {
@@ -26,10 +27,9 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
             ++nNeeded;
         }
     }
-    // Below 0 free slots, where the count is above the limit, nothing fits, not even a list that
-    // needs no slot.
-    const bool bFits = MyFreeSlots(MyContactLimits(), nTargetId) >= nNeeded;
-    return bFits ? DIR_RET_OK_ZERO : MyFullResult(nTargetId);
+    const int nTest =
+        TestContactLimit(MyContactLimits(), nTargetId, MyCountOfSide(nTargetId), nNeeded);
+    return nTest < 0 ? nTest : DIR_RET_OK_ZERO;
 }
 
 int CContactLocalManager::MoveListToGroup(QZList<qz::basic_string<char>>& listName,

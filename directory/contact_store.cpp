@@ -97,15 +97,19 @@ int CContactLocalManager::MyInsertLoadedContact(const ContactLimits& limits, con
     return place.m_nResult < 0 ? place.m_nResult : MyLinkContact(place.m_itPlace, data);
 }
 
+int CContactLocalManager::MyCountOfSide(int nGroupId) const
+{
+    return nGroupId == GROUP_ID_BLACKLIST ? GetCurrentBlackCount() : GetCurrentContactCount();
+}
+
 int CContactLocalManager::MyTestContactLimit(const ContactLimits& limits, int nGroupId,
                                              const ItemData* pOld) const
 {
     const bool bBlack = nGroupId == GROUP_ID_BLACKLIST;
-    int nCount = bBlack ? GetCurrentBlackCount() : GetCurrentContactCount();
-    if (pOld != nullptr && (pOld->m_nGroupId == GROUP_ID_BLACKLIST) == bBlack) {
-        --nCount;
-    }
-    return TestContactLimit(limits, nGroupId, nCount);
+    const bool bOldMakesRoom =
+        pOld != nullptr && (pOld->m_nGroupId == GROUP_ID_BLACKLIST) == bBlack;
+    const int nCount = MyCountOfSide(nGroupId) - (bOldMakesRoom ? 1 : 0);
+    return TestContactLimit(limits, nGroupId, nCount, 1);
 }
 
 int CContactLocalManager::MyLinkContact(ItemIterator pos, const ItemData& data)

@@ -14,7 +14,7 @@
 
 // Non-zero where the screen shows colours. Only then do contacts have photos: the directory reads,
 // writes and hands out the photo fields on colour screens alone. An answer that changes while
-// contacts are stored costs their photos at the next save on a plain screen.
+// contacts are stored costs their photos at the next load or save on a plain screen.
 int IsColorfulScreen();
 
 class ZMK_MiscHelper

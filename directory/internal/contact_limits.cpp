@@ -24,12 +24,15 @@ ContactLimits LimitsWithoutGroups(const ContactLimits& limits)
     return {SumOfLimits(limits.m_nOrdinary, limits.m_nBlack), limits.m_nBlack};
 }
 
-int TestContactLimit(const ContactLimits& limits, int nGroupId, int nCount)
+int TestContactLimit(const ContactLimits& limits, int nGroupId, int nCount, int nNeeded)
 {
-    if (nGroupId == GROUP_ID_BLACKLIST) {
-        return nCount >= limits.m_nBlack ? DIR_RET_BLACK_FULL : DIR_RET_OK;
+    const bool bBlack = nGroupId == GROUP_ID_BLACKLIST;
+    const int nLimit = bBlack ? limits.m_nBlack : limits.m_nOrdinary;
+    // In 64 bits, since a limit may be any int.
+    if (static_cast<long long>(nLimit) - nCount >= nNeeded) {
+        return DIR_RET_OK;
     }
-    return nCount >= limits.m_nOrdinary ? DIR_RET_CONTACT_FULL : DIR_RET_OK;
+    return bBlack ? DIR_RET_BLACK_FULL : DIR_RET_CONTACT_FULL;
 }
 
 }  // namespace NS_DIRECTORY

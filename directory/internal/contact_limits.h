@@ -20,9 +20,9 @@ struct ContactLimits
 // blacklisted ones too.
 ContactLimits LimitsWithoutGroups(const ContactLimits& limits);
 
-// DIR_RET_OK where one more contact of the group fits to the nCount that stand on its side, else
-// DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL.
-int TestContactLimit(const ContactLimits& limits, int nGroupId, int nCount);
+// DIR_RET_OK where nNeeded more contacts of the group fit to the nCount that stand on its side,
+// else DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL. Above the limit nothing fits, not even none.
+int TestContactLimit(const ContactLimits& limits, int nGroupId, int nCount, int nNeeded);
 
 }  // namespace NS_DIRECTORY
 
