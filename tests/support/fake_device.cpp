@@ -1,0 +1,28 @@
+#include "tests/support/fake_device.h"
+
+#include <filesystem>
+
+#include "platform/device_services.h"
+
+FakeDevice g_device;
+
+// Yes is 2: any answer but 0 is one.
+int IsColorfulScreen()
+{
+    ++g_device.m_nScreenAsked;
+    return g_device.m_bColorful ? 2 : 0;
+}
+
+int ZMK_MiscHelper::pathFileExist(const char* path)
+{
+    g_device.m_listFilesAsked.emplace_back(path);
+    const auto pos = g_device.m_mapFileExists.find(path);
+    const bool bOnDisk = std::filesystem::exists(path);
+    return (pos == g_device.m_mapFileExists.end() ? bOnDisk : pos->second) ? 2 : 0;
+}
+
+int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)
+{
+    g_device.m_listConfigAsked.push_back(std::string(name) + ' ' + std::to_string(int{level}));
+    return g_device.m_nConfigValue;
+}

@@ -1,0 +1,109 @@
+#include "tests/support/file_calls.h"
+
+#include <dlfcn.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <pugixml.hpp>
+
+namespace {
+
+FileCalls* g_pCalls = nullptr;
+
+bool Refuses(FileCalls::Kind kind)
+{
+    return g_pCalls != nullptr && ++g_pCalls->m_arrCount[kind] == g_pCalls->m_arrFailing[kind];
+}
+
+void* AllocateXml(std::size_t nBytes)
+{
+    return Refuses(FileCalls::XML_MEMORY) ? nullptr : std::malloc(nBytes);
+}
+
+// The function that these definitions stand in front of.
+template <class Function>
+Function* Real(Function* /*pOwn*/, const char* pName)
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, pName));
+}
+
+}  // namespace
+
+FileCalls::FileCalls()
+{
+    g_pCalls = this;
+    pugi::set_memory_management_functions(AllocateXml, std::free);
+}
+
+FileCalls::~FileCalls()
+{
+    g_pCalls = nullptr;
+    pugi::set_memory_management_functions(std::malloc, std::free);
+}
+
+// Under valgrind this one is called only with --soname-synonyms=somalloc=nouserintercepts.
+void* operator new(std::size_t nBytes, const std::nothrow_t& /*tag*/) noexcept
+{
+    if (g_pCalls != nullptr && nBytes == g_pCalls->m_nFailingRecord) {
+        g_pCalls->m_nFailingRecord = 0;
+        return nullptr;
+    }
+    return ::operator new(nBytes);
+}
+
+// What an executable defines under these names serves its shared libraries too.
+extern "C" {
+
+FILE* fopen(const char* path, const char* mode)
+{
+    if (g_pCalls != nullptr && mode[0] != 'r') {
+        g_pCalls->m_listWritten.emplace_back(path);
+    }
+    return Refuses(FileCalls::OPEN) ? nullptr : Real(fopen, "fopen")(path, mode);
+}
+
+size_t fread(void* data, size_t size, size_t count, FILE* file)
+{
+    return Refuses(FileCalls::READ) ? 0 : Real(fread, "fread")(data, size, count, file);
+}
+
+size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
+{
+    if (Refuses(FileCalls::WRITE)) {
+        return 0;
+    }
+    if (g_pCalls != nullptr && g_pCalls->m_arrCount[FileCalls::WRITE] == g_pCalls->m_nLastWrite) {
+        (void)Real(fwrite, "fwrite")(data, 1, size * count / 2, file);
+        (void)Real(fflush, "fflush")(file);
+        (void)raise(SIGKILL);
+    }
+    const size_t nWritten = Real(fwrite, "fwrite")(data, size, count, file);
+    if (g_pCalls != nullptr) {
+        g_pCalls->m_nBytesWritten += nWritten * size;
+    }
+    return nWritten;
+}
+
+int fflush(FILE* file)
+{
+    return Refuses(FileCalls::FLUSH) ? EOF : Real(fflush, "fflush")(file);
+}
+
+int fclose(FILE* file)
+{
+    const int nResult = Real(fclose, "fclose")(file);
+    return Refuses(FileCalls::CLOSE) ? EOF : nResult;
+}
+
+int fseek(FILE* file, long offset, int origin)
+{
+    return Refuses(FileCalls::SEEK) ? -1 : Real(fseek, "fseek")(file, offset, origin);
+}
+
+long ftell(FILE* file)
+{
+    return Refuses(FileCalls::TELL) ? -1 : Real(ftell, "ftell")(file);
+}
+}
