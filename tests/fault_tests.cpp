@@ -316,6 +316,7 @@ TEST_F(KillTest, TheOtherFileIsAsBeforeOrAfterTheEdit)
         states.emplace_back();
     }
     std::minstd_rand random(1);
+    int nInsideWrite = 0;
     for (int nKill = 0; nKill < nKills; ++nKill) {
         SCOPED_TRACE("kill " + std::to_string(nKill));
         StartLarge();
@@ -341,6 +342,7 @@ TEST_F(KillTest, TheOtherFileIsAsBeforeOrAfterTheEdit)
         close(ends[0]);
         int nStatus = 0;
         ASSERT_EQ(waitpid(nChild, &nStatus, 0), nChild);
+        nInsideWrite += WIFSIGNALED(nStatus) ? 1 : 0;
         const Files& before = states[nDone];
         const Files& after = states[std::min(nDone + 1, EDITS.size())];
         const Files now;
@@ -353,6 +355,7 @@ TEST_F(KillTest, TheOtherFileIsAsBeforeOrAfterTheEdit)
         (void)Directory();
         ExpectSound();
     }
+    EXPECT_GE(nInsideWrite, nKills / 2);
 }
 
 }  // namespace
