@@ -40,7 +40,7 @@ std::string DialledDigits(std::string_view number)
 // International form with a plus. Extensions and service codes, which have no prefix, stay.
 std::string Normalise(std::string_view number)
 {
-    const std::string strDigits = DialledDigits(number);
+    std::string strDigits = DialledDigits(number);
     if (StartsWith(strDigits, INTERNATIONAL_PREFIX)) {
         return "+" + strDigits.substr(INTERNATIONAL_PREFIX.size());
     }
