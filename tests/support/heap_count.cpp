@@ -1,0 +1,86 @@
+#include "tests/support/heap_count.h"
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+HeapCount g_heap;
+
+bool IsHeapCounted()
+{
+    void* volatile pBlock = nullptr;
+    return AllocationsOf([&pBlock] {
+               pBlock = std::malloc(1);
+               std::free(pBlock);
+           }) != 0;
+}
+
+// The sanitizers bring allocators of their own.
+#if !defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define NSDIRECTORY_OTHER_ALLOCATOR
+#endif
+#endif
+#else
+#define NSDIRECTORY_OTHER_ALLOCATOR
+#endif
+
+#ifndef NSDIRECTORY_OTHER_ALLOCATOR
+
+namespace {
+
+void* Noted(void* pBlock)
+{
+    if (pBlock != nullptr) {
+        ++g_heap.m_nAllocations;
+        ++g_heap.m_nBlocks;
+        g_heap.m_nBytes += static_cast<long>(malloc_usable_size(pBlock));
+        g_heap.m_nPeakBytes = std::max(g_heap.m_nPeakBytes, g_heap.m_nBytes);
+    }
+    return pBlock;
+}
+
+void NoteGone(void* pBlock)
+{
+    if (pBlock != nullptr) {
+        --g_heap.m_nBlocks;
+        g_heap.m_nBytes -= static_cast<long>(malloc_usable_size(pBlock));
+    }
+}
+
+}  // namespace
+
+// operator new and the C library's own buffers pass through here too.
+extern "C" {
+
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t count, size_t size);
+void* __libc_realloc(void* block, size_t size);
+void __libc_free(void* block);
+
+void* malloc(size_t size)
+{
+    return Noted(__libc_malloc(size));
+}
+
+void* calloc(size_t count, size_t size)
+{
+    return Noted(__libc_calloc(count, size));
+}
+
+void* realloc(void* block, size_t size)
+{
+    NoteGone(block);
+    return Noted(__libc_realloc(block, size));
+}
+
+void free(void* block)
+{
+    NoteGone(block);
+    __libc_free(block);
+}
+}
+
+#endif

@@ -1,0 +1,28 @@
+// Counts the heap of the whole process, the libraries' too. Where another tool has put its own
+// allocator in place, nothing is counted.
+
+#ifndef NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
+#define NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
+
+struct HeapCount
+{
+    long m_nAllocations = 0;
+    long m_nBlocks = 0;  // in use
+    long m_nBytes = 0;   // in use, as the allocator rounds them
+    long m_nPeakBytes = 0;
+};
+
+extern HeapCount g_heap;
+
+bool IsHeapCounted();
+
+// What a step allocates, freed or not.
+template <class Step>
+long AllocationsOf(Step step)
+{
+    const long nBefore = g_heap.m_nAllocations;
+    step();
+    return g_heap.m_nAllocations - nBefore;
+}
+
+#endif  // NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
