@@ -1,0 +1,50 @@
+// Calls of every public operation, for whoever has choices to make them from, and their replay
+// against the model. After each call the two are compared: the result, all that lies in memory, the
+// files byte for byte, and which files were written in which order.
+
+#ifndef NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
+#define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
+
+#include <functional>
+
+#include "tests/support/directory_model.h"
+
+// What a call may be given; each operation takes what it needs.
+struct CallData
+{
+    std::size_t m_nOperation;
+    String m_strName, m_strGroup, m_strNumber, m_strPath;
+    int m_nId, m_nLimit, m_nFrom, m_nCount;
+    bool m_bFlag;  // false: pointers are null, switches off
+    ContactGroupData m_group = {};
+    ContactGeneralItemData m_contact = {};
+    Texts m_names = {};
+    std::string m_strFile = {};
+
+    const char* Pointer(const String& str) const { return m_bFlag ? str.c_str() : nullptr; }
+};
+using Calls = std::vector<CallData>;
+
+// A number below the one given.
+using Choice = std::function<std::size_t(std::size_t nEnd)>;
+
+CallData MakeCall(const Choice& below);
+std::string Text(const CallData& call);
+
+class CCallReplay
+{
+  public:
+    // Makes the calls from an empty folder, up to the first where the two differ. What differs
+    // there; empty where nothing does.
+    std::string Run(Calls& calls);
+
+    // How often each operation gave each result.
+    const std::map<std::string, std::map<int, unsigned long>>& Results() const { return m_results; }
+
+  private:
+    std::string Compare(CDirectoryModel& model, const CallData& call);
+
+    std::map<std::string, std::map<int, unsigned long>> m_results;
+};
+
+#endif  // NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
