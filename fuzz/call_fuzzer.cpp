@@ -1,0 +1,25 @@
+// Any sequence of public calls, against the model of the directory. The input makes the choices
+// that the random test draws by lot.
+
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include "fuzz/own_folder.h"
+#include "tests/support/directory_calls.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
+{
+    FuzzedDataProvider input(pData, nSize);
+    Calls calls;
+    while (input.remaining_bytes() != 0 && calls.size() < 100) {
+        calls.push_back(MakeCall([&](std::size_t nEnd) {
+            return input.ConsumeIntegralInRange<std::size_t>(0, nEnd - 1);
+        }));
+    }
+    const std::string strWrong = CCallReplay().Run(calls);
+    if (!strWrong.empty()) {
+        std::string strCalls;
+        std::for_each(calls.begin(), calls.end(), [&](auto& c) { strCalls += Text(c); });
+        ADD_FAILURE() << "after these calls:\n" << strCalls << strWrong;
+    }
+    return 0;
+}
