@@ -239,10 +239,9 @@ void AppendContainerRows(std::vector<Row>& rows)
     AppendStringRows<Assign>(rows, "assign");
     AppendStringRows<Compare>(rows, "compare");
     AppendStringRows<Equal>(rows, "equal");
-    for (const auto& [pWork, pPrepare] : {std::pair{"push", PushPair},
-                                          {"walk", WalkPair},
-                                          {"erase", ErasePair},
-                                          {"copy", CopyPair}}) {
+    constexpr std::pair<const char*, Pair (*)()> LIST_WORKS[] = {
+        {"push", &PushPair}, {"walk", &WalkPair}, {"erase", &ErasePair}, {"copy", &CopyPair}};
+    for (const auto& [pWork, pPrepare] : LIST_WORKS) {
         rows.push_back({std::string("List of 1000, ") + pWork + " / std::list", CONTAINER_AIM,
                         NO_AIM, PAIRS, pPrepare});
     }
