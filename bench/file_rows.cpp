@@ -71,7 +71,7 @@ void AppendFileRows(std::vector<Row>& rows)
     rows.push_back(
         {Named("First load of both files", DIRECTORY_COUNT), LOAD_AIM, LOAD_AIM, 200, FirstLoad});
     for (const auto& [nContacts, nPairs] :
-         {std::pair{DIRECTORY_COUNT, 200}, {10000, 20}, {100000, 5}}) {
+         {std::pair{DIRECTORY_COUNT, 200}, {10000, 60}, {100000, 15}}) {
         rows.push_back({Named("Reload", nContacts), LOAD_AIM, NO_AIM, nPairs,
                         [n = nContacts] { return Reload(n); }, "load", nContacts});
         rows.push_back({Named("Save", nContacts), NO_AIM, SAVE_AIM, nPairs,
