@@ -5,6 +5,16 @@
 #include "directory/contact_local_manager.h"
 
 namespace NS_DIRECTORY {
+namespace {
+
+bool HoldsNumber(const CContactLocalManager::ItemData& item,
+                 const qz::basic_string<char>& strNumber)
+{
+    return item.m_strMobileNumber == strNumber || item.m_strOfficeNumber == strNumber ||
+           item.m_strOtherNumber == strNumber;
+}
+
+}  // namespace
 
 CContactLocalManager::ItemData* CContactLocalManager::MyFindContactByNumber(
     const qz::basic_string<char>& strNumber, const qz::basic_string<char>& strSecond) const
@@ -13,14 +23,25 @@ CContactLocalManager::ItemData* CContactLocalManager::MyFindContactByNumber(
     if (strNumber.empty()) {
         return nullptr;  // or it would match every empty field
     }
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        const ItemData& item = *pos->value;
-        if (item.m_strMobileNumber == strNumber || item.m_strOfficeNumber == strNumber ||
-            item.m_strOtherNumber == strNumber) {
-            return pos->value;
+    // The foremost contact wins, but the walk goes from both ends at once: each step of a walk
+    // waits for memory, and two walks wait at the same time.
+    ItemData* pFromBack = nullptr;
+    ItemIterator posFront = m_listContact.begin();
+    ItemIterator posBack = m_listContact.end();
+    while (posFront != posBack) {
+        if (HoldsNumber(*posFront->value, strNumber)) {
+            return posFront->value;
+        }
+        posFront = posFront->next;
+        if (posFront == posBack) {
+            break;
+        }
+        posBack = posBack->prev;
+        if (HoldsNumber(*posBack->value, strNumber)) {
+            pFromBack = posBack->value;
         }
     }
-    return nullptr;
+    return pFromBack;
 }
 
 qz::basic_string<char> CContactLocalManager::GetContactNameByPhoneNumber(const char* pNumber) const

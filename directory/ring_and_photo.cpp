@@ -16,7 +16,8 @@ constexpr char DEFAULT_PHOTO[] = "Default:default_contact_image.png";
 qz::basic_string<char> CContactLocalManager::GetContactRingByNumber(const char* pNumber,
                                                                     const char* pSecond) const
 {
-    const ItemData* pItem = MyFindContactByNumber(pNumber, pSecond);
+    (void)pSecond;  // takes no part in the search
+    const ItemData* pItem = MyFindContactByNumber(pNumber, {});
     if (pItem == nullptr) {
         return {};
     }
