@@ -19,7 +19,9 @@ int CContactLocalManager::ExportContactAndGroup(qz::basic_string<char> strPath)
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
         const ItemData& item = *pos->value;
         // The group in which the contact stands now; a kept name is the contact file's business.
-        AppendExportedContact(file, contacts, item, MyGId2Name(item.m_nGroupId).c_str());
+        const GroupData* pGroup = MyFindGroupById(item.m_nGroupId);
+        AppendExportedContact(file, contacts, item,
+                              pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str());
     }
     if (strPath.empty()) {
         strPath.append(DATA_DIR);

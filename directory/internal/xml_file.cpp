@@ -2,7 +2,6 @@
 
 #include "directory/internal/xml_file.h"
 
-#include <cstdio>
 #include <cstring>
 
 namespace NS_DIRECTORY {
@@ -37,28 +36,6 @@ CXmlOutput::CXmlOutput()
     pugi::xml_node declaration = m_document.prepend_child(pugi::node_declaration);
     AppendText(declaration, "version", "1.0");
     AppendText(declaration, "encoding", "utf-8");
-}
-
-pugi::xml_node CXmlOutput::AppendElement(pugi::xml_node parent, const char* pName)
-{
-    pugi::xml_node element = parent.append_child(pName);
-    // A node without memory for its name is made all the same, without one.
-    m_bWhole = m_bWhole && *element.name() != '\0';
-    return element;
-}
-
-void CXmlOutput::AppendText(pugi::xml_node element, const char* pName, const char* pValue)
-{
-    pugi::xml_attribute attribute = element.append_attribute(pName);
-    const bool bValueSet = attribute.set_value(pValue);
-    m_bWhole = m_bWhole && bValueSet && *attribute.name() != '\0';
-}
-
-void CXmlOutput::AppendNumber(pugi::xml_node element, const char* pName, int nValue)
-{
-    char text[sizeof("-2147483648")];
-    (void)std::snprintf(text, sizeof(text), "%d", nValue);  // the buffer holds every int
-    AppendText(element, pName, text);
 }
 
 void CXmlOutput::Save(const char* pPath) const

@@ -50,14 +50,34 @@ class CXmlOutput
     CXmlOutput();
 
     pugi::xml_node AppendRoot(const char* pName) { return AppendElement(m_document, pName); }
-    pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName);
-    void AppendText(pugi::xml_node element, const char* pName, const char* pValue);
-    void AppendNumber(pugi::xml_node element, const char* pName, int nValue);
+    // Here for the compiler to see: a save calls them ten times a contact.
+    pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName)
+    {
+        pugi::xml_node element = parent.append_child(pName);
+        // A node without memory for its name is made all the same, without one.
+        MyNote(*element.name() != '\0');
+        return element;
+    }
+
+    void AppendText(pugi::xml_node element, const char* pName, const char* pValue)
+    {
+        pugi::xml_attribute attribute = element.append_attribute(pName);
+        // A value that is not set is written as an empty one.
+        MyNote(*attribute.name() != '\0' && (*pValue == '\0' || attribute.set_value(pValue)));
+    }
+
+    void AppendNumber(pugi::xml_node element, const char* pName, int nValue)
+    {
+        pugi::xml_attribute attribute = element.append_attribute(pName);
+        MyNote(*attribute.name() != '\0' && attribute.set_value(nValue));
+    }
 
     // Rewrites the file in place. Nobody learns whether that worked.
     void Save(const char* pPath) const;
 
   private:
+    void MyNote(bool bGotMemory) { m_bWhole = m_bWhole && bGotMemory; }
+
     pugi::xml_document m_document;
     bool m_bWhole = true;
 };
