@@ -3,6 +3,10 @@
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_NAME_LIST_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_NAME_LIST_H
 
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
 #include "qzstl/list_like"
 #include "qzstl/string_like"
 
@@ -10,27 +14,54 @@ namespace NS_DIRECTORY {
 
 class CNameList
 {
+    using String = qz::basic_string<char>;
+
   public:
-    // Works on a copy: the host's list stays as it was.
-    explicit CNameList(const QZList<qz::basic_string<char>>& listName) : m_listName(listName) {}
-
-    bool IsEmpty() const { return m_listName.size() == 0; }
-
-    // Strikes the first of the names that equals strName; false where none does. A name that
-    // stands twice is struck once, and what is struck makes the next search shorter.
-    bool Strike(const qz::basic_string<char>& strName)
+    // Keeps pointers into the host's list, which stays as it was. They are sorted, so that a search
+    // takes a few steps however many names there are.
+    explicit CNameList(const QZList<String>& listName)
+        : m_ppBegin(new (std::nothrow) const String*[listName.size()]),
+          m_ppEnd(m_ppBegin),
+          m_nLeft(listName.size())
     {
-        for (auto pos = m_listName.begin(); pos != m_listName.end(); pos = pos->next) {
-            if (pos->value == strName) {
-                (void)m_listName.erase(pos);
-                return true;
-            }
+        if (m_ppBegin == nullptr) {
+            std::abort();  // as where a list gets no memory
         }
-        return false;
+        for (auto pos = listName.begin(); pos != listName.end(); pos = pos->next) {
+            *m_ppEnd++ = &pos->value;
+        }
+        std::sort(m_ppBegin, m_ppEnd, MyIsBefore);
+    }
+
+    ~CNameList() { delete[] m_ppBegin; }
+
+    CNameList(const CNameList&) = delete;
+    CNameList& operator=(const CNameList&) = delete;
+
+    // True once every name is struck.
+    bool IsEmpty() const { return m_nLeft == 0; }
+
+    // False where no name equals strName. Each contact asks once and no two bear one name, so that
+    // a struck name needs no mark; of a name that stands twice the second is never struck.
+    bool Strike(const String& strName)
+    {
+        const String* const* ppName = std::lower_bound(m_ppBegin, m_ppEnd, &strName, MyIsBefore);
+        if (ppName == m_ppEnd || !(**ppName == strName)) {
+            return false;
+        }
+        --m_nLeft;
+        return true;
     }
 
   private:
-    QZList<qz::basic_string<char>> m_listName;
+    static bool MyIsBefore(const String* pLeft, const String* pRight)
+    {
+        return pLeft->compare(0, String::npos, pRight->c_str(), pRight->size()) < 0;
+    }
+
+    const String** m_ppBegin;
+    const String** m_ppEnd;
+    unsigned int m_nLeft;
 };
 
 }  // namespace NS_DIRECTORY
