@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <functional>
 #include <random>
@@ -12,6 +13,7 @@
 #include <pugixml.hpp>
 
 #include "tests/support/directory_test.h"
+#include "tests/support/heap_count.h"
 
 using namespace NS_DIRECTORY;
 
@@ -208,6 +210,52 @@ TEST_F(FaultTest, FullDiskAndMissingFolder)
             std::filesystem::remove_all("config/data");
         }
     }
+}
+
+TEST_F(FaultTest, ADocumentWithoutAllItsMemoryReplacesNoFile)
+{
+    // The second of the XML library's pages begins in the middle of something else each time.
+    for (std::size_t nShift = 0; nShift < 1000; nShift += 8) {
+        SCOPED_TRACE(nShift);
+        std::vector<ContactRow> rows(60, {"c"});
+        for (ContactRow& row : rows) {
+            row.m_strName += std::to_string(100 + (&row - rows.data()));
+        }
+        rows[0].m_strMobile.assign(nShift, '1');
+        Start({}, rows);
+        FileCalls calls;
+        calls.Fail(FileCalls::XML_MEMORY, 2);
+        EXPECT_EQ(Directory().RemoveContact("c159"), DIR_RET_OK);
+        EXPECT_EQ(calls.Written(), Texts{});
+    }
+}
+
+TEST_F(FaultTest, NoMemoryForTheDirectoryMeansNoDirectory)
+{
+    FileCalls calls;
+    calls.FailRecord(sizeof(Manager));
+    EXPECT_EQ(Manager::GetInstance(), nullptr);
+}
+
+TEST(MemoryDeathTest, EndsTheProcessInAContainer)
+{
+    if (!IsHeapCounted()) {
+        GTEST_SKIP() << "another allocator is in place";
+    }
+    const auto refuseNode = [] {
+        FileCalls calls;
+        calls.FailRecord(sizeof(QZListNode<String>));
+        const QZList<String> list;
+    };
+    const auto refuseBuffer = [](std::size_t nLargest, unsigned int nCapacity) {
+        String str("longer than fourteen");
+        g_heap.m_nLargest = nLargest;
+        str.__grow_by_and_replace(nCapacity, 1, 0, 0, 0, 1, "x");
+    };
+    const auto aborted = testing::KilledBySignal(SIGABRT);
+    EXPECT_EXIT(refuseNode(), aborted, "");
+    EXPECT_EXIT(refuseBuffer(63, 31), aborted, "") << "twice the capacity";
+    EXPECT_EXIT(refuseBuffer(0xFFFFFFED, 0x7FFFFFE7), aborted, "") << "the maximum size";
 }
 
 // The names of a list loaded from what the parser leaves of a text; the fixed groups where it

@@ -107,6 +107,7 @@ TEST_F(GroupTest, Finders)
     }
     EXPECT_EQ(directory.GetGroupNameByIndex(1, strName), 1);
     EXPECT_TRUE(strName == "Blacklist");
+    EXPECT_EQ(directory.MyFindGroupByDisplayName(strName), directory.MyFindGroupById(1));
     // clang-format off
     const std::vector<std::pair<const char*, int>> rows{
         {nullptr, 0}, {"", 0}, {"all contacts", 0}, {"Blacklist", 1}, {"Friend", 4}};
@@ -227,6 +228,36 @@ TEST(IdGenerator, GoesOnFromWhatItWasSetTo)
     EXPECT_EQ(generator.GenId(), 3);
     (void)generator.SetBegin(INT_MAX);
     EXPECT_LT(generator.GenId(), 0);
+}
+
+TEST_F(GroupTest, AGeneratorIsKeptAndCanBeMissing)
+{
+    Start({}, {});
+    CRIdGenerator*& pGenerator = Directory().m_pIdGenerator;
+    const CRIdGenerator* const pBefore = pGenerator;
+    EXPECT_TRUE(Directory().MyInit());
+    EXPECT_EQ(pGenerator, pBefore);
+    delete pGenerator;
+    pGenerator = nullptr;
+    EXPECT_EQ(Directory().ReloadGroupXml(), 1);
+    EXPECT_EQ(Names(Directory().m_listGroup), (Texts{"All Contacts", "Blacklist"}));
+}
+
+TEST(Records, AreEmptyAfterReset)
+{
+    CContactLocalManager::GroupData group{5, "Family", "r", true};
+    group.Reset();
+    EXPECT_EQ(Text(group), Text(CContactLocalManager::GroupData()));
+    CallLogUpdateData log;
+    const auto fields = {&log.m_strDisplayName, &log.m_strOfficeNumber, &log.m_strMobileNumber,
+                         &log.m_strOtherNumber};
+    for (String* pField : fields) {
+        *pField = "x";
+    }
+    log.Reset();
+    for (const String* pField : fields) {
+        EXPECT_TRUE(pField->empty());
+    }
 }
 
 }  // namespace

@@ -128,6 +128,27 @@ const std::vector<RefusalRow> REFUSALS{
     {"AddGroup equal but for case", -1, AddGroup({"fAMILY"})},
     {"MyAddGroup id in use", -1, [](CContactLocalManager& directory) { return directory.MyAddGroup(Group({"New"}), 3); }},
     {"MyAddGroup no id", -101, [](CContactLocalManager& directory) { return directory.MyAddGroup(Group({"New"}), -5); }},
+    {"MyCGD2GD no target", 0, [](CContactLocalManager& directory) { return directory.MyCGD2GD(nullptr, 2, {}); }},
+    {"MyGD2CGD no target", 0, [](CContactLocalManager& directory) { return directory.MyGD2CGD(nullptr, {}); }},
+    {"MyInsertGroup a second head", -1,
+     [](CContactLocalManager& directory) { return directory.MyInsertGroup({0, "All Contacts", "", true}, true); }},
+    {"MyCreateDefaultGroup where they are", 1,
+     [](CContactLocalManager& directory) { return directory.MyCreateDefaultGroup(); }, RemoveAllGroup},
+    {"MyCGID2ID no target", 0,
+     [](CContactLocalManager& directory) { return directory.MyCGID2ID(nullptr, 2, {}, false); }},
+    {"MyCGID2ID no id", 0,
+     [](CContactLocalManager& directory) {
+         CContactLocalManager::ItemData item;
+         return directory.MyCGID2ID(&item, -1, {}, false);
+     }},
+    {"flags that are set already write nothing", 0,
+     [](CContactLocalManager& directory) {
+         directory.m_bGroupDirty = directory.m_bContactDirty = true;
+         directory.MySetGroupDirty(true);
+         directory.MySetContactDirty(true);
+         directory.m_bGroupDirty = directory.m_bContactDirty = false;
+         return 0;
+     }},
     {"UpdateGroupData reloading", -13, RenameGroup("", ""), Reloading},
     {"UpdateGroupData empty name", -101, RenameGroup("", "New")},
     {"UpdateGroupData unknown name", -101, RenameGroup("family", "New")},

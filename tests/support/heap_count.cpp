@@ -4,16 +4,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 
 HeapCount g_heap;
 
 bool IsHeapCounted()
 {
-    void* volatile pBlock = nullptr;
-    return AllocationsOf([&pBlock] {
-               pBlock = std::malloc(1);
-               std::free(pBlock);
-           }) != 0;
+    return AllocationsOf([] { ::operator delete(::operator new(1)); }) != 0;
 }
 
 // The sanitizers bring allocators of their own.
@@ -62,7 +59,7 @@ void __libc_free(void* block);
 
 void* malloc(size_t size)
 {
-    return Noted(__libc_malloc(size));
+    return size > g_heap.m_nLargest ? nullptr : Noted(__libc_malloc(size));
 }
 
 void* calloc(size_t count, size_t size)

@@ -4,12 +4,16 @@
 #ifndef NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
 #define NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
 
+#include <cstddef>
+#include <cstdint>
+
 struct HeapCount
 {
     long m_nAllocations = 0;
     long m_nBlocks = 0;  // in use
     long m_nBytes = 0;   // in use, as the allocator rounds them
     long m_nPeakBytes = 0;
+    std::size_t m_nLargest = SIZE_MAX;  // malloc gives no block above this
 };
 
 extern HeapCount g_heap;
