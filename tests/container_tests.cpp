@@ -106,16 +106,20 @@ TEST(String, TakesTheFormAndTheCapacityOfItsRules)
 
 TEST(String, ComparesAllItsBytesAsUnsigned)
 {
+    const std::string strBlock(64, 'l');  // longer texts are compared by blocks of this size
     const struct
     {
         std::string m_strLeft, m_strRight;
         int m_nCompared;
         bool m_bEqualText;  // with the right one read up to its first NUL
     } rows[] = {
+        // clang-format off
         {"abc", "abz", -23, false},   {"abc", "bac", -1, false}, {"abc", "abcd", -1, false},
         {"abc", "ab", 1, false},      {"a", "A", 32, false},     {"\xff", "\x01", 254, false},
         {Abc(31), Abc(31), 0, true},  {"", "", 0, true},         {"a\0c"s, "a\0b"s, 1, false},
         {"a\0b"s, "a\0b"s, 0, false}, {"a\0b"s, "a", 1, false},  {"a", "a\0b"s, -1, true},
+        {strBlock, "b" + strBlock, 10, false}, {strBlock + "a", strBlock + "c", -2, false},
+        // clang-format on
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.m_strLeft + " with " + row.m_strRight);
