@@ -1,7 +1,8 @@
-// What calls cost, in counts: allocations of a lookup, heap blocks of a contact, files and bytes
-// written by an edit.
+// What calls cost, in counts: allocations of a lookup, heap blocks of a contact, and none that
+// edits without end leave behind. NSDIRECTORY_SOAK_EDITS sets how many those are.
 
-#include <functional>
+#include <algorithm>
+#include <cstdlib>
 
 #include "tests/support/directory_test.h"
 #include "tests/support/heap_count.h"
@@ -12,7 +13,7 @@ using NS_DIRECTORY::CContactLocalManager;
 
 constexpr char SHORT_NUMBER[] = "03012345678901";  // 14 characters, the most that need no block
 constexpr char LONG_NUMBER[] = "030123456789012";
-constexpr char LONG_TEXT[] = "a text of more than fourteen characters";
+const std::string LONG_TEXT(40, 'l');
 
 class HeapTest : public DirectoryTest
 {
@@ -28,7 +29,7 @@ class HeapTest : public DirectoryTest
     // Blocks that the directory holds with this many contacts like the row.
     static long BlocksHeld(const ContactRow& row, int nCount)
     {
-        std::vector<ContactRow> rows(static_cast<std::size_t>(nCount), row);
+        ContactRows rows(static_cast<std::size_t>(nCount), row);
         for (ContactRow& contact : rows) {
             contact.m_strName += std::to_string(&contact - rows.data());
         }
@@ -51,7 +52,7 @@ TEST_F(HeapTest, ALookupAllocatesForLongNumbersAndLongNamesOnly)
     } rows[] = {{"short number, short name", SHORT_NUMBER, 0},
                 {"long number, short name", LONG_NUMBER, 1},
                 {"short number, long name", "100", 1},
-                {"long number, long name", LONG_TEXT, 2},
+                {"long number, long name", LONG_TEXT.c_str(), 2},
                 {"short number of nobody", "200", 0},
                 {"long number of nobody", "0301234567890124", 1}};
     const CContactLocalManager& book = Directory();
@@ -63,43 +64,49 @@ TEST_F(HeapTest, ALookupAllocatesForLongNumbersAndLongNamesOnly)
 
 TEST_F(HeapTest, AContactTakesTwoBlocksAndOneForEachLongText)
 {
-    const std::string strLong(LONG_TEXT);
+    const std::string& strLong = LONG_TEXT;
     EXPECT_EQ(BlocksHeld({"Anna", "Blacklist", SHORT_NUMBER}, 7) - BlocksHeld({"Anna"}, 2), 5 * 2);
     EXPECT_EQ(BlocksHeld({strLong}, 7) - BlocksHeld({strLong}, 2), 5 * 3);
     const ContactRow allLong{strLong, "Blacklist", strLong, strLong, strLong, strLong, 0, strLong};
     EXPECT_EQ(BlocksHeld(allLong, 7) - BlocksHeld(allLong, 2), 5 * 8);
 }
 
-using WriteTest = DirectoryTest;
-
-TEST_F(WriteTest, AnEditWritesTheBytesOfItsFilesOnce)
+// Every kind of edit, in this order, and at the end no entry is left; the results.
+std::vector<int> EditRound(CContactLocalManager& m)
 {
-    QZList<String> names;
-    names.push_back("Anna");
-    names.push_back("Bob");
-    const struct
-    {
-        const char* m_pName;
-        Texts m_listWritten;
-        std::function<void(CContactLocalManager&)> m_edit;
-    } rows[] = {
-        {"move two", {CONTACT_FILE}, [&](auto& book) { book.MoveListToGroup(names, "Family"); }},
-        {"remove two", {CONTACT_FILE}, [&](auto& book) { book.RemoveContactList(names); }},
-        {"add a group", {GROUP_FILE}, [](auto& book) { book.AddGroup(Group({"Work"})); }},
-        {"remove a group", {CONTACT_FILE, GROUP_FILE}, [](auto& book) {
-             book.RemoveGroup("Family");
-         }}};
-    for (const auto& row : rows) {
-        Start({{"Family"}}, {{"Anna"}, {"Bob"}, {"Carl"}});
-        const FileCalls calls;
-        row.m_edit(Directory());
-        EXPECT_EQ(calls.Written(), row.m_listWritten) << row.m_pName;
-        std::size_t nBytes = 0;
-        for (const std::string& strPath : row.m_listWritten) {
-            nBytes += ReadFile(strPath).size();
-        }
-        EXPECT_EQ(calls.BytesWritten(), nBytes) << row.m_pName;
+    const std::string& strLong = LONG_TEXT;
+    const String strKey(strLong.c_str());
+    QZList<String> names = NameList({strLong});
+    // clang-format off
+    return {m.AddGroup(Group({strLong, "r"})), m.AddGroup(Group({"Work", strLong})),
+            m.UpdateGroupData("Work", Group({"Work", strLong + "2"})), m.UpdateGroupData("Work", Group({"Job", strLong})),
+            m.AddContact("Job", Contact({"Dora", "", strLong, strLong})), m.AddContactById(0, Contact({strLong})),
+            m.AddBlackContact(Contact({"Ed", "", "", strLong, strLong})),
+            m.UpdateContactData("Dora", Contact({"Dora", "Job", strLong + "2"})),
+            m.UpdateContactData("Dora", Contact({"Zoe", strLong})),
+            m.MoveListToGroup(names, "Job"), m.MoveContactToGroup("Ed", strKey), m.Local2Black("Zoe"), m.Black2Local("Zoe"),
+            m.SetContactGroupId("Ed", 2), m.SetDefaultPhoto(""), m.RemoveGroup("Job"), m.RemoveContact("Zoe"),
+            m.RemoveContactList(names), m.RemoveAllGroup(), m.RemoveAllContacts(0)};
+    // clang-format on
+}
+
+TEST_F(DirectoryTest, EditsWithoutEndLeaveTheHeapAsItWas)
+{
+    const char* pEdits = std::getenv("NSDIRECTORY_SOAK_EDITS");
+    const long nEdits = pEdits == nullptr ? 2000 : std::atol(pEdits);
+    Start({}, {});
+    const std::string strState = State();
+    g_device = FakeDevice();  // what it notes grows with the edits
+    const long nBlocks = g_heap.m_nBlocks;
+    for (long nDone = 0; nDone < nEdits;) {
+        const std::vector<int> results = EditRound(Directory());
+        ASSERT_GE(*std::min_element(results.begin(), results.end()), 0)
+            << testing::PrintToString(results);
+        nDone += static_cast<long>(results.size());
     }
+    g_device = FakeDevice();
+    EXPECT_EQ(g_heap.m_nBlocks, nBlocks);
+    EXPECT_EQ(State(), strState);
 }
 
 }  // namespace

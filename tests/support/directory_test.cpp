@@ -39,9 +39,9 @@ bool IsAscending(const Texts& names, int nFirst)
 
 }  // namespace
 
-std::string GroupFile(const std::vector<GroupRow>& rows)
+std::string GroupFile(const GroupRows& rows)
 {
-    std::vector<GroupRow> all{{"All Contacts", "", true}, {"Blacklist", "", true}};
+    GroupRows all{{"All Contacts", "", true}, {"Blacklist", "", true}};
     all.insert(all.end(), rows.begin(), rows.end());
     std::string strEntries;
     for (const GroupRow& row : all) {
@@ -51,7 +51,7 @@ std::string GroupFile(const std::vector<GroupRow>& rows)
     return File("root_group", strEntries);
 }
 
-std::string ContactFile(const std::vector<ContactRow>& rows)
+std::string ContactFile(const ContactRows& rows)
 {
     std::string strEntries;
     for (const ContactRow& row : rows) {
@@ -71,14 +71,13 @@ NS_DIRECTORY::ContactGroupData Group(const GroupRow& row)
     return {row.m_strName.c_str(), row.m_strRing.c_str()};
 }
 
+// clang-format off
 NS_DIRECTORY::ContactGeneralItemData Contact(const ContactRow& row)
 {
-    return {row.m_strName.c_str(),   row.m_strGroup.c_str(),
-            row.m_strOffice.c_str(), row.m_strMobile.c_str(),
-            row.m_strOther.c_str(),  row.m_strPhoto.c_str(),
-            row.m_strRing.c_str(),   row.m_nLine,
-            row.m_nSelectedPhoto};
+    return {row.m_strName.c_str(), row.m_strGroup.c_str(), row.m_strOffice.c_str(), row.m_strMobile.c_str(),
+            row.m_strOther.c_str(), row.m_strPhoto.c_str(), row.m_strRing.c_str(), row.m_nLine, row.m_nSelectedPhoto};
 }
+// clang-format on
 
 std::string Text(const CContactLocalManager::GroupData& data)
 {
@@ -86,16 +85,15 @@ std::string Text(const CContactLocalManager::GroupData& data)
                   data.m_bReadOnly, '\n');
 }
 
+// clang-format off
 std::string Text(const CContactLocalManager::ItemData& data)
 {
     const NS_DIRECTORY::ContactGeneralItemData shared{
-        data.m_strDisplayName,  data.m_strKeptGroupName,
-        data.m_strOfficeNumber, data.m_strMobileNumber,
-        data.m_strOtherNumber,  data.m_strDefaultPhoto,
-        data.m_strRing,         data.m_nLine,
-        data.m_nSelectedPhoto};
+        data.m_strDisplayName, data.m_strKeptGroupName, data.m_strOfficeNumber, data.m_strMobileNumber,
+        data.m_strOtherNumber, data.m_strDefaultPhoto, data.m_strRing, data.m_nLine, data.m_nSelectedPhoto};
     return Joined(data.m_nGroupId, '|', data.m_strNameIndex.c_str(), '|', Text(shared));
 }
+// clang-format on
 
 std::string Text(const NS_DIRECTORY::ContactGeneralItemData& data)
 {
@@ -117,6 +115,15 @@ std::string ReadFile(const std::string& strPath)
 {
     const std::ifstream file(strPath, std::ios::binary);
     return file ? Joined(file.rdbuf()) : "(no file)";
+}
+
+QZList<String> NameList(const Texts& names)
+{
+    QZList<String> list;
+    for (const std::string& strName : names) {
+        list.push_back(strName.c_str());
+    }
+    return list;
 }
 
 void DirectoryTest::SetUp()
@@ -146,8 +153,7 @@ CContactLocalManager& DirectoryTest::Directory()
     return *CContactLocalManager::GetInstance();
 }
 
-void DirectoryTest::Start(const std::vector<GroupRow>& groups,
-                          const std::vector<ContactRow>& contacts)
+void DirectoryTest::Start(const GroupRows& groups, const ContactRows& contacts)
 {
     WriteFile(GROUP_FILE, GroupFile(groups));
     WriteFile(CONTACT_FILE, ContactFile(contacts));
@@ -166,13 +172,24 @@ std::string DirectoryTest::Memory()
     std::string strText =
         Joined(d.m_nMaxGroupCount, '|', d.m_nMaxContactCount, '|', d.m_nMaxBlackCount, '|',
                d.m_nBlackCount, '|', d.m_bReloadByHttp, '|', d.m_bKeepGroupNames, '\n');
-    for (auto pos = d.m_listGroup.begin(); pos != d.m_listGroup.end(); pos = pos->next) {
-        strText += Text(*pos->value);
-    }
-    for (auto pos = d.m_listContact.begin(); pos != d.m_listContact.end(); pos = pos->next) {
-        strText += Text(*pos->value);
-    }
+    const auto add = [&strText](auto* pRecord) { return strText += Text(*pRecord); };
+    (void)TextsOf(d.m_listGroup, add);
+    (void)TextsOf(d.m_listContact, add);
     return strText;
+}
+
+Texts DirectoryTest::Groups()
+{
+    return TextsOf(Directory().m_listGroup, [](auto* pGroup) {
+        return Joined(pGroup->m_strDisplayName.c_str(), ' ', pGroup->m_nId);
+    });
+}
+
+Texts DirectoryTest::Contacts()
+{
+    return TextsOf(Directory().m_listContact, [](auto* pItem) {
+        return Joined(pItem->m_strDisplayName.c_str(), ' ', pItem->m_nGroupId);
+    });
 }
 
 std::string DirectoryTest::State()
@@ -187,10 +204,6 @@ void DirectoryTest::ExpectSound()
     EXPECT_TRUE(IsAscending(Names(d.m_listGroup), std::min(d.GetCurrentGroupCount(), 2)))
         << Memory();
     EXPECT_TRUE(IsAscending(Names(d.m_listContact), 0)) << Memory();
-    int nBlack = 0;
-    for (auto pos = d.m_listContact.begin(); pos != d.m_listContact.end(); pos = pos->next) {
-        nBlack += pos->value->m_nGroupId == NS_DIRECTORY::GROUP_ID_BLACKLIST ? 1 : 0;
-    }
-    EXPECT_EQ(d.m_nBlackCount, nBlack);
+    EXPECT_EQ(d.m_nBlackCount, d.MyGetContactCountByGroupId(NS_DIRECTORY::GROUP_ID_BLACKLIST));
     EXPECT_FALSE(d.m_bGroupDirty || d.m_bContactDirty);
 }

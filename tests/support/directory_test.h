@@ -37,10 +37,13 @@ struct ContactRow
     int m_nSelectedPhoto = 0;
 };
 
+using GroupRows = std::vector<GroupRow>;
+using ContactRows = std::vector<ContactRow>;
+
 // Whole files as saved with these entries; the group file has the fixed groups in front, and the
 // screen of the moment decides on the photos.
-std::string GroupFile(const std::vector<GroupRow>& rows);
-std::string ContactFile(const std::vector<ContactRow>& rows);
+std::string GroupFile(const GroupRows& rows);
+std::string ContactFile(const ContactRows& rows);
 
 NS_DIRECTORY::ContactGroupData Group(const GroupRow& row);
 NS_DIRECTORY::ContactGeneralItemData Contact(const ContactRow& row);
@@ -53,26 +56,30 @@ std::string Text(const NS_DIRECTORY::ContactGeneralItemData& data);
 void WriteFile(const std::string& strPath, const std::string& strText);
 std::string ReadFile(const std::string& strPath);  // "(no file)" where there is none
 
-template <class T>
-const T& Record(const T& record)
+// What text makes of each entry.
+template <class T, class TText>
+Texts TextsOf(const QZList<T>& list, TText text)
 {
-    return record;
-}
-template <class T>
-const T& Record(T* const& pRecord)
-{
-    return *pRecord;
+    Texts texts;
+    for (auto pos = list.begin(); pos != list.end(); pos = pos->next) {
+        texts.emplace_back(text(pos->value));
+    }
+    return texts;
 }
 
 template <class T>
 Texts Names(const QZList<T>& list)
 {
-    Texts names;
-    for (auto pos = list.begin(); pos != list.end(); pos = pos->next) {
-        names.emplace_back(Record(pos->value).m_strDisplayName.c_str());
-    }
-    return names;
+    return TextsOf(list, [](const T& entry) {
+        if constexpr (std::is_pointer_v<T>) {
+            return entry->m_strDisplayName.c_str();
+        } else {
+            return entry.m_strDisplayName.c_str();
+        }
+    });
 }
+
+QZList<String> NameList(const Texts& names);
 
 class DirectoryTest : public testing::Test
 {
@@ -83,11 +90,15 @@ class DirectoryTest : public testing::Test
     static NS_DIRECTORY::CContactLocalManager& Directory();
 
     // Start over: on files with these entries, or on the files that lie there.
-    static void Start(const std::vector<GroupRow>& groups, const std::vector<ContactRow>& contacts);
+    static void Start(const GroupRows& groups, const ContactRows& contacts);
     static void Restart();
 
     static std::string Memory();  // all that the directory holds
     static std::string State();   // the same and its two files
+
+    // "name id" of each group, "name group" of each contact, by the group's id.
+    static Texts Groups();
+    static Texts Contacts();
 
     static void ExpectSound();  // what holds of every directory between two calls
 

@@ -9,16 +9,13 @@ FakeDevice g_device;
 // Yes is 2: any answer but 0 is one.
 int IsColorfulScreen()
 {
-    ++g_device.m_nScreenAsked;
     return g_device.m_bColorful ? 2 : 0;
 }
 
 int ZMK_MiscHelper::pathFileExist(const char* path)
 {
     g_device.m_listFilesAsked.emplace_back(path);
-    const auto pos = g_device.m_mapFileExists.find(path);
-    const bool bOnDisk = std::filesystem::exists(path);
-    return (pos == g_device.m_mapFileExists.end() ? bOnDisk : pos->second) ? 2 : 0;
+    return std::filesystem::exists(path) ? 2 : 0;
 }
 
 int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)

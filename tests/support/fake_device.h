@@ -3,17 +3,13 @@
 #ifndef NSDIRECTORY_TESTS_SUPPORT_FAKE_DEVICE_H
 #define NSDIRECTORY_TESTS_SUPPORT_FAKE_DEVICE_H
 
-#include <map>
 #include <string>
 #include <vector>
 
 struct FakeDevice
 {
     bool m_bColorful = true;
-    std::map<std::string, bool> m_mapFileExists;  // other paths are looked up on the disk
     int m_nConfigValue = 0;
-
-    int m_nScreenAsked = 0;
     std::vector<std::string> m_listFilesAsked, m_listConfigAsked;  // paths; "key level"
 };
 

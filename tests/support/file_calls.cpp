@@ -46,8 +46,8 @@ FileCalls::~FileCalls()
 // Under valgrind this one is called only with --soname-synonyms=somalloc=nouserintercepts.
 void* operator new(std::size_t nBytes, const std::nothrow_t& /*tag*/) noexcept
 {
-    if (g_pCalls != nullptr && nBytes == g_pCalls->m_nFailingRecord) {
-        g_pCalls->m_nFailingRecord = 0;
+    if (nBytes == FileCalls::s_nFailingRecord) {
+        FileCalls::s_nFailingRecord = 0;
         return nullptr;
     }
     return ::operator new(nBytes);
@@ -79,11 +79,7 @@ size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
         (void)Real(fflush, "fflush")(file);
         (void)raise(SIGKILL);
     }
-    const size_t nWritten = Real(fwrite, "fwrite")(data, size, count, file);
-    if (g_pCalls != nullptr) {
-        g_pCalls->m_nBytesWritten += nWritten * size;
-    }
-    return nWritten;
+    return Real(fwrite, "fwrite")(data, size, count, file);
 }
 
 int fflush(FILE* file)

@@ -14,17 +14,10 @@ bool IsHeapCounted()
 }
 
 // The sanitizers bring allocators of their own.
-#if !defined(__SANITIZE_ADDRESS__)
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define NSDIRECTORY_OTHER_ALLOCATOR
+#ifndef __has_feature
+#define __has_feature(name) 0
 #endif
-#endif
-#else
-#define NSDIRECTORY_OTHER_ALLOCATOR
-#endif
-
-#ifndef NSDIRECTORY_OTHER_ALLOCATOR
+#if !defined(__SANITIZE_ADDRESS__) && !__has_feature(address_sanitizer)
 
 namespace {
 
