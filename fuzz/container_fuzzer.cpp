@@ -14,23 +14,18 @@
 namespace {
 
 using String = qz::basic_string<char>;
+using List = QZList<String>;
+using ModelList = std::list<std::string>;
 
-struct List : QZList<String>
+// What the two lists write in different ways.
+struct Links
 {
-    bool IsWell() const { return IsSound(*this); }
-    static ListIterator Next(ListIterator pos) { return pos->next; }
-    static const String& Value(ListIterator pos) { return pos->value; }
-};
-
-struct ModelList : std::list<std::string>
-{
-    static bool IsWell() { return true; }
-    template <class TPosition>
-    static TPosition Next(TPosition pos)
-    {
-        return std::next(pos);
-    }
-    static const std::string& Value(const_iterator pos) { return *pos; }
+    static List::ListIterator Next(List::ListIterator pos) { return pos->next; }
+    static ModelList::const_iterator Next(ModelList::const_iterator pos) { return std::next(pos); }
+    static const String& Value(List::ListIterator pos) { return pos->value; }
+    static const std::string& Value(ModelList::const_iterator pos) { return *pos; }
+    static bool AreSound(const List& list) { return IsSound(list); }
+    static bool AreSound(const ModelList& /*list*/) { return true; }
 };
 
 template <class TString>
@@ -56,13 +51,13 @@ template <class TList, class TString>
 void Change(FuzzedDataProvider& input, TList& list, const TList& other, const TString& value)
 {
     const int nKind = input.ConsumeIntegralInRange(0, 4);
-    auto pos = list.begin();
+    auto pos = static_cast<const TList&>(list).begin();
     for (auto n = input.ConsumeIntegralInRange<std::size_t>(0, list.size()); n != 0; --n) {
-        pos = TList::Next(pos);
+        pos = Links::Next(pos);
     }
     nKind == 0   ? (void)list.insert(pos, value)
     : nKind == 1 ? list.push_back(value)
-    : nKind == 2 ? (void)(pos == list.end() ? pos : list.erase(pos))
+    : nKind == 2 ? (void)(pos == list.end() ? list.end() : list.erase(pos))
     : nKind == 3 ? (void)(list = other)
                  : list.clear();
 }
@@ -80,9 +75,9 @@ std::string Text(const TString& left, const TString& right)
 template <class TList>
 std::string Text(const TList& list)
 {
-    std::string strText = std::to_string(list.size()) + "ny"[list.IsWell()];
-    for (auto pos = list.begin(); pos != list.end(); pos = TList::Next(pos)) {
-        strText += Text(TList::Value(pos), TList::Value(list.begin()));
+    std::string strText = std::to_string(list.size()) + "ny"[Links::AreSound(list)];
+    for (auto pos = list.begin(); pos != list.end(); pos = Links::Next(pos)) {
+        strText += Text(Links::Value(pos), Links::Value(list.begin()));
     }
     return strText;
 }
@@ -96,9 +91,9 @@ struct Containers
     std::string Step(FuzzedDataProvider& input)
     {
         const bool bChanged = input.ConsumeBool();
+        const bool bOther = input.ConsumeBool();
         TString& str = m_strings[bChanged];
         TList& list = m_lists[bChanged];
-        const bool bOther = input.ConsumeBool();
         Change(input, str, m_strings[bOther]);
         Change(input, list, m_lists[bOther], str);
         return Text(str, m_strings[bOther]) + Text(TString(str), str) + Text(list) +

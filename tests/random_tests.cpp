@@ -3,7 +3,9 @@
 // NSDIRECTORY_RANDOM_OPERATIONS and NSDIRECTORY_RANDOM_SEED set how many calls and which; with
 // NSDIRECTORY_RANDOM_SHRINK at 0 a failure shows all of them at once.
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <random>
 
@@ -19,34 +21,26 @@ unsigned long Option(const char* pName, unsigned long nDefault)
     return pValue == nullptr ? nDefault : std::strtoul(pValue, nullptr, 10);
 }
 
-class RandomTest : public DirectoryTest
+// Takes out, in ever smaller pieces, what the failure does not need.
+Calls Shrunk(Calls calls)
 {
-  protected:
+    for (std::size_t nPiece = calls.size() / 2; nPiece != 0; nPiece /= 2) {
+        for (std::size_t n = 0; n + nPiece <= calls.size();) {
+            Calls fewer = calls;
+            const auto first = fewer.begin() + static_cast<std::ptrdiff_t>(n);
+            fewer.erase(first, first + static_cast<std::ptrdiff_t>(nPiece));
+            const bool bFails = !Replay(fewer).empty();
+            calls = bFails ? fewer : calls;
+            n += bFails ? 0 : nPiece;
+        }
+    }
+    return calls;
+}
+
+struct RandomTest : DirectoryTest
+{
     // Thousands of small files a second belong into memory, where there is such a folder.
-    void SetUp() override
-    {
-        if (std::filesystem::exists("/dev/shm")) {
-            (void)setenv("TMPDIR", "/dev/shm", 0);
-        }
-        DirectoryTest::SetUp();
-    }
-
-    // Takes out, in ever smaller pieces, what the failure does not need.
-    void Shrink(Calls& calls)
-    {
-        for (std::size_t nPiece = calls.size() / 2; nPiece != 0; nPiece /= 2) {
-            for (std::size_t n = 0; n + nPiece <= calls.size();) {
-                Calls fewer = calls;
-                const auto first = fewer.begin() + static_cast<std::ptrdiff_t>(n);
-                fewer.erase(first, first + static_cast<std::ptrdiff_t>(nPiece));
-                const bool bFails = !m_replay.Run(fewer).empty();
-                calls = bFails ? fewer : calls;
-                n += bFails ? 0 : nPiece;
-            }
-        }
-    }
-
-    CCallReplay m_replay;
+    RandomTest() { (void)(std::filesystem::exists("/dev/shm") && setenv("TMPDIR", "/dev/shm", 0)); }
 };
 
 TEST_F(RandomTest, EveryCallDoesWhatTheModelDoes)
@@ -60,15 +54,11 @@ TEST_F(RandomTest, EveryCallDoesWhatTheModelDoes)
         std::generate_n(std::back_inserter(calls), std::min(CALLS_PER_FOLDER, nCalls - nDone), [&] {
             return MakeCall([&](std::size_t nEnd) { return random() % nEnd; });
         });
-        if (!m_replay.Run(calls).empty()) {
-            Option("NSDIRECTORY_RANDOM_SHRINK", 1) != 0 ? Shrink(calls) : void();
-            std::string strCalls;
-            std::for_each(calls.begin(), calls.end(), [&](auto& c) { strCalls += Text(c); });
-            FAIL() << "seed " << nSeed << ", after these calls:\n"
-                   << strCalls << m_replay.Run(calls);
-        }
+        const bool bFails = !Replay(calls).empty();
+        calls = bFails && Option("NSDIRECTORY_RANDOM_SHRINK", 1) != 0 ? Shrunk(calls) : calls;
+        ASSERT_FALSE(bFails) << "seed " << nSeed << ", " << Replay(calls);
     }
-    for (const auto& [strName, counts] : m_replay.Results()) {
+    for (const auto& [strName, counts] : g_results) {
         std::printf("%-28s", strName.c_str());
         for (const auto& [nCode, nCount] : counts) {
             std::printf(" %d:%lu", nCode, nCount);

@@ -6,8 +6,9 @@
 #define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
 
 #include <functional>
+#include <map>
 
-#include "tests/support/directory_model.h"
+#include "tests/support/directory_test.h"
 
 // What a call may be given; each operation takes what it needs.
 struct CallData
@@ -16,8 +17,8 @@ struct CallData
     String m_strName, m_strGroup, m_strNumber, m_strPath;
     int m_nId, m_nLimit, m_nFrom, m_nCount;
     bool m_bFlag;  // false: pointers are null, switches off
-    ContactGroupData m_group = {};
-    ContactGeneralItemData m_contact = {};
+    NS_DIRECTORY::ContactGroupData m_group = {};
+    NS_DIRECTORY::ContactGeneralItemData m_contact = {};
     Texts m_names = {};
     std::string m_strFile = {};
 
@@ -25,26 +26,14 @@ struct CallData
 };
 using Calls = std::vector<CallData>;
 
-// A number below the one given.
-using Choice = std::function<std::size_t(std::size_t nEnd)>;
+// The call that these choices make, each a number below the one given.
+CallData MakeCall(const std::function<std::size_t(std::size_t nEnd)>& below);
 
-CallData MakeCall(const Choice& below);
-std::string Text(const CallData& call);
+// Makes the calls from an empty folder, up to the first where the two differ. What differs there,
+// and after which calls; empty where nothing does.
+std::string Replay(const Calls& calls);
 
-class CCallReplay
-{
-  public:
-    // Makes the calls from an empty folder, up to the first where the two differ. What differs
-    // there; empty where nothing does.
-    std::string Run(Calls& calls);
-
-    // How often each operation gave each result.
-    const std::map<std::string, std::map<int, unsigned long>>& Results() const { return m_results; }
-
-  private:
-    std::string Compare(CDirectoryModel& model, const CallData& call);
-
-    std::map<std::string, std::map<int, unsigned long>> m_results;
-};
+// How often each operation gave each result so far.
+extern std::map<std::string, std::map<int, unsigned long>> g_results;
 
 #endif  // NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H

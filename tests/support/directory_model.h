@@ -14,10 +14,7 @@
 #include <map>
 #include <pugixml.hpp>
 #include <sstream>
-#include <string>
-#include <tuple>
 #include <utility>
-#include <vector>
 
 #include "tests/support/directory_test.h"
 
@@ -26,34 +23,34 @@ using namespace NS_DIRECTORY;
 struct CDirectoryModel
 {
     using Group = CContactLocalManager::GroupData;
-    using Item = CContactLocalManager::ItemData;
+    using Contact = ContactGeneralItemData;
+    struct Item : Contact  // with the kept group name, if any, for that of its group
+    {
+        int m_nGroupId = -1;
+    };
 
-    inline static const std::vector<Group> DEFAULTS = {{0, "All Contacts", "", true},
-                                                       {1, "Blacklist", "", true},
-                                                       {2, "Company", "", false},
-                                                       {3, "Family", "", false},
-                                                       {4, "Friend", "", false}};
-    std::vector<Group> m_groups;
-    std::vector<Item> m_items;
+    // clang-format off
+    inline static const std::vector<Group> DEFAULTS = {
+        {0, "All Contacts", "", true}, {1, "Blacklist", "", true},
+        {2, "Company", "", false}, {3, "Family", "", false}, {4, "Friend", "", false}};
+    // clang-format on
+
+    // The disk. A write sets the text of the file and adds its path to m_writes.
+    std::map<std::string, std::string> m_files = {};
+    Texts m_writes = {};
+
+    std::vector<Group> m_groups = {};
+    std::vector<Item> m_items = {};
     int m_nMaxGroup = 50, m_nMaxContact = 1000, m_nMaxBlack = 30;
     bool m_bReloadByHttp = false;
     int m_nLastId = -1;         // given by the generator; tells which new groups are read-only
     bool m_bKeepNames = false;  // has stood with an empty group list
 
-    // The disk. A write sets the text of the file and adds its path to m_writes.
-    std::map<std::string, std::string> m_files;
-    Texts m_writes;
-
     // A new instance over the files.
     int Start()
     {
-        CDirectoryModel fresh;
-        fresh.m_files.swap(m_files);
-        fresh.m_writes.swap(m_writes);
-        *this = fresh;
-        LoadGroups(m_nMaxGroup);
-        LoadContacts(m_nMaxContact, m_nMaxBlack);
-        return 1;
+        *this = CDirectoryModel{m_files, m_writes};
+        return LoadGroups(m_nMaxGroup), LoadContacts(m_nMaxContact, m_nMaxBlack), 1;
     }
 
     std::string Memory() const
@@ -62,33 +59,69 @@ struct CDirectoryModel
         text << m_nMaxGroup << '|' << m_nMaxContact << '|' << m_nMaxBlack << '|' << Count(1) << '|'
              << m_bReloadByHttp << '|' << m_bKeepNames << '\n';
         std::for_each(m_groups.begin(), m_groups.end(), [&](auto& g) { text << Text(g); });
-        std::for_each(m_items.begin(), m_items.end(), [&](auto& c) { text << Text(c); });
+        std::for_each(m_items.begin(), m_items.end(),
+                      [&](auto& c) { text << c.m_nGroupId << "||" << Text(c); });
         return text.str();
+    }
+
+    // -- Helpers ----------------------------------------------------------------------------------
+
+    // The code of the first test that holds; 0 where none does.
+    static int First(std::initializer_list<std::pair<bool, int>> tests)
+    {
+        const auto pos = std::find_if(tests.begin(), tests.end(),
+                                      [](auto& t) { return t.first && t.second != 0; });
+        return pos == tests.end() ? 0 : pos->second;
+    }
+    // The record; where there is none, an empty one, whose id is -1.
+    template <class TRecord, class TTest>
+    static const TRecord& FindIf(const std::vector<TRecord>& records, TTest test)
+    {
+        static const TRecord NONE = {};
+        const auto pos = std::find_if(records.begin(), records.end(), test);
+        return pos == records.end() ? NONE : *pos;
+    }
+    template <class TRecord>
+    static int Compare(const TRecord& record, const String& s)
+    {
+        return strcasecmp(record.m_strDisplayName.c_str(), s.c_str());
+    }
+    // Tests for FindIf, Move and Remove.
+    static auto Named(const String& s)
+    {
+        return [s](auto& record) { return record.m_strDisplayName == s; };
+    }
+    static auto NamedIn(const Texts& names)
+    {
+        return [&](auto& c) {
+            return std::count(names.begin(), names.end(), c.m_strDisplayName.c_str()) != 0;
+        };
+    }
+    static auto In(int nId)  // 0 is for all
+    {
+        return [nId](auto& c) { return nId == 0 || c.m_nGroupId == nId; };
     }
 
     // -- Groups -----------------------------------------------------------------------------------
 
     int GroupCount() const { return static_cast<int>(m_groups.size()); }
-    int GroupAt(const String& s) const
+    const Group& GroupNamed(const String& s) const { return FindIf(m_groups, Named(s)); }
+    int GroupId(const String& s) const { return GroupNamed(s).m_nId; }
+    int GroupAt(const String& s) const  // one that is there
     {
-        const Group* g = FindIf(m_groups, [&](auto& r) { return r.m_strDisplayName == s; });
-        return g == nullptr ? -1 : static_cast<int>(g - m_groups.data());
+        return static_cast<int>(&GroupNamed(s) - m_groups.data());
     }
-    int GroupId(const String& s) const
+    const Group& GroupOf(int nId) const
     {
-        return GroupAt(s) < 0 ? -1 : m_groups.begin()[GroupAt(s)].m_nId;
+        return FindIf(m_groups, [&](auto& g) { return nId >= 0 && g.m_nId == nId; });
     }
-    const Group* GroupOf(int nId) const
-    {
-        return FindIf(m_groups, [&](auto& g) { return g.m_nId == nId; });
-    }
-    String GroupName(int nId) const { return GroupOf(nId) ? GroupOf(nId)->m_strDisplayName : ""; }
+    String GroupName(int nId) const { return GroupOf(nId).m_strDisplayName; }
     int TestName(const String& s, int nExceptId) const
     {
-        const bool bAlike = FindIf(m_groups, [&](auto& g) {
+        const Group& alike = FindIf(m_groups, [&](auto& g) {
             return g.m_nId > 1 && g.m_nId != nExceptId && Compare(g, s) == 0;
         });
-        return First({{s.empty(), DIR_RET_INVALID}, {bAlike, DIR_RET_GROUP_EXIST}});
+        return First({{s.empty(), DIR_RET_INVALID}, {alike.m_nId > 1, DIR_RET_GROUP_EXIST}});
     }
 
     // User groups ascend behind the fixed ones; id 0 belongs to the front and id 1 to the end.
@@ -98,63 +131,56 @@ struct CDirectoryModel
             const bool bUsers = group.m_nId > 1 && g.m_nId > 1;
             return group.m_nId == 0 || (bUsers && Compare(g, group.m_strDisplayName) > 0);
         });
-        const auto nAt = pos - m_groups.begin();
-        m_groups.insert(pos, group);
-        return static_cast<int>(nAt);
+        const auto placed = m_groups.insert(pos, group);
+        return static_cast<int>(placed - m_groups.begin());
     }
 
     int LoadGroups(int nLimit)
     {
         m_files.count(GROUP_FILE) == 0 ? Write(GROUP_FILE, &DEFAULTS, false) : 0;
         pugi::xml_document document;
-        const pugi::xml_node root = Load(document, GROUP_FILE).child("root_group");
+        document.load_string(FileText(GROUP_FILE).c_str());
+        const pugi::xml_node root = document.child("root_group");
         m_bKeepNames = m_bKeepNames || !root;
         m_nLastId = root ? 1 : m_nLastId;
-        m_groups.resize(root ? 2 : 0);
-        std::copy_n(DEFAULTS.begin(), m_groups.size(), m_groups.begin());
+        m_groups.assign(DEFAULTS.begin(), DEFAULTS.begin() + (root ? 2 : 0));
         int nResult = root ? 1 : 0;
         int nId = 1;
         for (const pugi::xml_node& node : root.children("group")) {
             const String s = node.attribute("display_name").value();
-            if (s == "All Contacts" || s == "Blacklist") {
-                continue;
-            }
+            const bool bFixed = s == "All Contacts" || s == "Blacklist";
             const bool bReadOnly = String("1") == node.attribute("read_only").value();
-            const Group group = {++nId, s, node.attribute("ring").value(), bReadOnly};
+            const Group group = {nId += !bFixed, s, node.attribute("ring").value(), bReadOnly};
             const bool bRefused = GroupCount() >= nLimit || TestName(s, -1) < 0;
-            nResult = bRefused ? 0 : (PlaceGroup(group), nResult);
+            nResult = bFixed ? nResult : bRefused ? 0 : (PlaceGroup(group), nResult);
         }
         return nResult;
     }
     // What stands needs no new slot; neither do the fixed groups.
     int ReloadGroups()
     {
-        const int nMissing = (GroupAt("All Contacts") < 0) + (GroupAt("Blacklist") < 0);
-        const int nLimit = std::max(m_nMaxGroup, GroupCount() + nMissing);
-        CDirectoryModel before;
-        before.m_groups.swap(m_groups);
-        const int nResult = LoadGroups(nLimit);
+        const int nMissing = (GroupId("All Contacts") < 0) + (GroupId("Blacklist") < 0);
+        const CDirectoryModel before = *this;
+        const int nResult = LoadGroups(std::max(m_nMaxGroup, GroupCount() + nMissing));
         for (Item& c : m_items) {
-            const bool bKeeps = m_groups.empty() && c.m_strKeptGroupName.empty();
-            c.m_strKeptGroupName = bKeeps ? before.GroupName(c.m_nGroupId) : c.m_strKeptGroupName;
+            const bool bKeeps = m_groups.empty() && c.m_strGroupName.empty();
+            c.m_strGroupName = bKeeps ? before.GroupName(c.m_nGroupId) : c.m_strGroupName;
         }
         return nResult;
     }
-    int Reload(int nResult) { return ReloadGroups(), ReloadContacts(), nResult; }
+    int SaveAndReload(int n) { return WriteGroups(), ReloadGroups(), ReloadContacts(), n; }
 
     int AddGroup(const ContactGroupData& data)
     {
-        const String& s = data.m_strDisplayName;
-        const int nEarly = First({{GroupAt(s) >= 0, DIR_RET_GROUP_EXIST},
+        const int nEarly = First({{GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST},
                                   {GroupCount() >= m_nMaxGroup, DIR_RET_GROUP_FULL}});
         const int nId = nEarly == 0 ? ++m_nLastId : 0;  // taken also where the name is refused
-        const int nRefusal = First({{nEarly != 0, nEarly}, {true, TestName(s, -1)}});
+        const int nRefusal = First({{true, nEarly}, {true, TestName(data.m_strDisplayName, -1)}});
         return nRefusal != 0 ? nRefusal : PlaceAndReload(nId, data);
     }
     int PlaceAndReload(int nId, const ContactGroupData& data)
     {
-        const int nResult = PlaceGroup({nId, data.m_strDisplayName, data.m_strRing, nId <= 1});
-        return WriteGroups(), Reload(nResult);
+        return SaveAndReload(PlaceGroup({nId, data.m_strDisplayName, data.m_strRing, nId <= 1}));
     }
     int UpdateGroup(const String& s, const ContactGroupData& data)
     {
@@ -162,27 +188,23 @@ struct CDirectoryModel
         const bool bRename = !(data.m_strDisplayName == s);
         const int nOthers = GroupCount() - (nId > 1);  // a fixed group comes back
         const bool bOverflow = nId == 1 && Count(1) > 0 && Count(0) > m_nMaxContact;
-        const bool bNewIsThere = GroupAt(data.m_strDisplayName) >= 0;
-        const int nRefusal = First({{nId < 0, DIR_RET_INVALID},
-                                    {bRename && bNewIsThere, DIR_RET_GROUP_EXIST},
-                                    {bRename && nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL},
-                                    {bRename, TestName(data.m_strDisplayName, nId)},
-                                    {bRename && bOverflow, DIR_RET_CONTACT_FULL}});
-        return nRefusal != 0 ? nRefusal : bRename ? Rename(s, data) : SetRing(GroupAt(s), data);
-    }
-    int SetRing(int nAt, const ContactGroupData& data)
-    {
-        const bool bSame = m_groups.begin()[nAt].m_strRing == data.m_strRing;
-        m_groups.begin()[nAt].m_strRing = data.m_strRing;
-        return bSame ? nAt : (WriteGroups(), nAt);
-    }
-    int Rename(const String& s, const ContactGroupData& data)
-    {
-        const int nAt = GroupAt(s);
-        m_groups.begin()[nAt].m_strDisplayName = data.m_strDisplayName;
+        const int nRefusal =
+            First({{nId < 0, DIR_RET_INVALID},
+                   {bRename && GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST},
+                   {bRename && nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL},
+                   {bRename, TestName(data.m_strDisplayName, nId)},
+                   {bRename && bOverflow, DIR_RET_CONTACT_FULL}});
+        if (nRefusal != 0) {
+            return nRefusal;
+        }
+        const auto pos = m_groups.begin() + GroupAt(s);
+        const String strOldRing = std::exchange(pos->m_strRing, data.m_strRing);
+        if (!bRename) {
+            return strOldRing == data.m_strRing || WriteGroups(), GroupAt(s);
+        }
+        pos->m_strDisplayName = data.m_strDisplayName;
         WriteContacts();
-        const int nId = m_groups.begin()[nAt].m_nId;
-        m_groups.erase(m_groups.begin() + nAt);
+        m_groups.erase(pos);
         return PlaceAndReload(nId, data);
     }
     int RemoveGroup(const String& s)
@@ -191,10 +213,10 @@ struct CDirectoryModel
         if (nId <= 1) {
             return nId < 0 ? DIR_RET_GROUP_NOT_FOUND : DIR_RET_GROUP_READ_ONLY;
         }
-        Move(0, [&](const Item& c) { return c.m_nGroupId == nId; });
+        Move(0, In(nId));
         WriteContacts();
         m_groups.erase(m_groups.begin() + GroupAt(s));
-        return WriteGroups(), Reload(1);
+        return SaveAndReload(1);
     }
     int RemoveAllGroups()
     {
@@ -202,47 +224,45 @@ struct CDirectoryModel
             return DIR_RET_GROUP_NOT_FOUND;
         }
         for (; GroupCount() > 2; m_groups.erase(m_groups.begin() + 2)) {
-            Move(0, [&](const Item& c) { return c.m_nGroupId == m_groups[2].m_nId; });
+            Move(0, In(m_groups[2].m_nId));
         }
         return WriteGroups();
     }
 
     // -- Contacts ---------------------------------------------------------------------------------
 
-    const Item* Find(const String& s) const
+    const Item& Find(const String& s) const
     {
         return FindIf(m_items, [&](auto& c) { return !s.empty() && c.m_strDisplayName == s; });
     }
-    const Item* FindNumber(const String& s) const
+    const Item& FindNumber(const String& s) const
     {
         return FindIf(m_items, [&](auto& c) {
             return !s.empty() && (c.m_strMobileNumber == s || c.m_strOfficeNumber == s ||
                                   c.m_strOtherNumber == s);
         });
     }
-    int GroupIdOf(const String& s) const { return Find(s) ? Find(s)->m_nGroupId : -1; }
+    int GroupIdOf(const String& s) const { return Find(s).m_nGroupId; }
 
     // How many stand in the group, and how many of those in front of an end; 0 is for all.
     int Count(int nId) const { return CountTo(m_items.end(), nId); }
     int CountTo(std::vector<Item>::const_iterator end, int nId) const
     {
-        const auto bIn = [&](auto& c) { return nId == 0 || c.m_nGroupId == nId; };
-        return static_cast<int>(std::count_if(m_items.begin(), end, bIn));
+        return static_cast<int>(std::count_if(m_items.begin(), end, In(nId)));
     }
 
     // A slot and a free name, seen without the contact that is replaced.
-    int Test(int nOrdinary, int nBlack, const Item& item, const Item* pOld) const
+    int Test(int nOrdinary, int nBlack, const Item& item, const Item* pOld = nullptr) const
     {
         const bool bBlack = item.m_nGroupId == 1;
-        int nOthers = 0;
-        bool bAlike = false;
-        for (const Item& c : m_items) {
-            nOthers += &c != pOld && (c.m_nGroupId == 1) == bBlack;
-            bAlike = bAlike || (&c != pOld && Compare(c, item.m_strDisplayName) == 0);
-        }
+        const auto nOthers = std::count_if(m_items.begin(), m_items.end(), [&](auto& c) {
+            return &c != pOld && (c.m_nGroupId == 1) == bBlack;
+        });
+        const Item& alike = FindIf(
+            m_items, [&](auto& c) { return &c != pOld && Compare(c, item.m_strDisplayName) == 0; });
         return First({{bBlack && nOthers >= nBlack, DIR_RET_BLACK_FULL},
                       {!bBlack && nOthers >= nOrdinary, DIR_RET_CONTACT_FULL},
-                      {bAlike, DIR_RET_CONTACT_EXIST}});
+                      {alike.m_nGroupId >= 0, DIR_RET_CONTACT_EXIST}});
     }
     // Counts those of the group up to and including the one that comes to stand behind.
     int PlaceContact(const Item& item)
@@ -260,19 +280,21 @@ struct CDirectoryModel
         const long long nBoth = std::max(nOrdinary, 0) + 0LL + std::max(nBlack, 0);
         nOrdinary = m_groups.empty() ? static_cast<int>(std::min(nBoth, INT_MAX + 0LL)) : nOrdinary;
         pugi::xml_document document;
-        const pugi::xml_node root = Load(document, CONTACT_FILE).child("root_contact");
+        document.load_string(FileText(CONTACT_FILE).c_str());
+        const pugi::xml_node root = document.child("root_contact");
         int nResult = root ? 1 : 0;
         for (const pugi::xml_node& node : root.children("contact")) {
-            Item item;
-            for (const auto& [pName, pText, pNumber] : Attributes()) {
-                const char* p = node.attribute(pName).value();
+            Item item = {};
+            for (const Field& field : Fields()) {
+                const char* p = node.attribute(field.m_pName).value();
                 const long n = std::clamp<long>(std::strtol(p, nullptr, 10), INT_MIN, INT_MAX);
-                pText ? void(item.*pText = p) : void(item.*pNumber = static_cast<int>(n));
+                field.m_pText ? void(item.*field.m_pText = p)
+                              : void(item.*field.m_pNumber = static_cast<int>(n));
             }
-            const int nId = GroupId(item.m_strKeptGroupName);
+            const int nId = GroupId(item.m_strGroupName);
             item.m_nGroupId = std::max(nId, 0);
-            item.m_strKeptGroupName = m_bKeepNames && nId < 0 ? item.m_strKeptGroupName : "";
-            nResult = Test(nOrdinary, nBlack, item, nullptr) ? 0 : (PlaceContact(item), nResult);
+            item.m_strGroupName = m_bKeepNames && nId < 0 ? item.m_strGroupName : "";
+            nResult = Test(nOrdinary, nBlack, item) ? 0 : (PlaceContact(item), nResult);
         }
         return nResult;
     }
@@ -280,74 +302,54 @@ struct CDirectoryModel
     int ReloadContacts()
     {
         const auto nBlack = std::count_if(m_items.begin(), m_items.end(), [](auto& c) {
-            return c.m_nGroupId == 1 || c.m_strKeptGroupName == "Blacklist";
+            return c.m_nGroupId == 1 || c.m_strGroupName == "Blacklist";
         });
         const int nOrdinary = std::max(m_nMaxContact, Count(0) - Count(1));
         m_items.clear();
         return LoadContacts(nOrdinary, std::max(m_nMaxBlack, static_cast<int>(nBlack)));
     }
 
-    static Item FromBoundary(const ContactGeneralItemData& d, int nId)
+    // A record that crosses the boundary; photos do so on a colour screen only.
+    static Contact Crossed(const Contact& from, const Contact& before, const String& strGroupName)
     {
-        Item item;
-        item.m_strDisplayName = d.m_strDisplayName;
-        item.m_strOfficeNumber = d.m_strOfficeNumber;
-        item.m_strMobileNumber = d.m_strMobileNumber;
-        item.m_strOtherNumber = d.m_strOtherNumber;
-        item.m_strRing = d.m_strRing;
-        item.m_nLine = d.m_nLine;
-        item.m_nGroupId = nId;
-        item.m_strDefaultPhoto = g_device.m_bColorful ? d.m_strDefaultPhoto : "";
-        item.m_nSelectedPhoto = g_device.m_bColorful ? d.m_nSelectedPhoto : 0;
-        return item;
+        Contact to = from;
+        to.m_strGroupName = strGroupName;
+        to.m_strDefaultPhoto = (g_device.m_bColorful ? from : before).m_strDefaultPhoto;
+        to.m_nSelectedPhoto = (g_device.m_bColorful ? from : before).m_nSelectedPhoto;
+        return to;
     }
-    // The contact as it crosses the boundary into such a record; empty where its group is missing.
-    std::string Shown(const Item& c, const ContactGeneralItemData& before) const
+    Contact Shown(const Item& c, const Contact& before) const
     {
-        const bool bPhoto = g_device.m_bColorful;
-        const ContactGeneralItemData shown = {
-            c.m_strDisplayName,
-            GroupName(c.m_nGroupId),
-            c.m_strOfficeNumber,
-            c.m_strMobileNumber,
-            c.m_strOtherNumber,
-            bPhoto ? c.m_strDefaultPhoto : before.m_strDefaultPhoto,
-            c.m_strRing,
-            c.m_nLine,
-            bPhoto ? c.m_nSelectedPhoto : before.m_nSelectedPhoto};
-        return GroupOf(c.m_nGroupId) ? Text(shown) : "";
+        return Crossed(c, before, GroupName(c.m_nGroupId));
     }
-    int Add(int nId, const ContactGeneralItemData& d)
+    int Add(int nId, const Contact& d)
     {
-        const Item item = FromBoundary(d, nId);
-        const int nRefusal = First({{!GroupOf(nId), DIR_RET_GROUP_ID_FAIL},
-                                    {true, Test(m_nMaxContact, m_nMaxBlack, item, nullptr)}});
+        const Item item = {Crossed(d, {}, ""), nId};
+        const int nRefusal = First({{GroupOf(nId).m_nId < 0, DIR_RET_GROUP_ID_FAIL},
+                                    {true, Test(m_nMaxContact, m_nMaxBlack, item)}});
         return nRefusal != 0 ? nRefusal : WriteContacts(PlaceContact(item));
     }
-    int Update(const String& s, const ContactGeneralItemData& d)
+    int Update(const String& s, const Contact& d)
     {
         const int nId = GroupId(d.m_strGroupName);
-        const Item* pOld = Find(s);
+        const Item& old = Find(s);
         const bool bRename = !(d.m_strDisplayName == s);
-        const bool bNeedsRoom = bRename || (pOld && (pOld->m_nGroupId == 1) != (nId == 1));
-        Item item = FromBoundary(d, nId);
-        const int nRefusal = First({{s.empty(), DIR_RET_EMPTY_KEY},
-                                    {!pOld, DIR_RET_CONTACT_NOT_FOUND},
-                                    {nId < 0, DIR_RET_GROUP_NOT_FOUND},
-                                    {bRename && Find(d.m_strDisplayName), DIR_RET_CONTACT_EXIST},
-                                    {bNeedsRoom, Test(m_nMaxContact, m_nMaxBlack, item, pOld)}});
+        const bool bNeedsRoom = bRename || (old.m_nGroupId == 1) != (nId == 1);
+        const int nRefusal =
+            First({{s.empty(), DIR_RET_EMPTY_KEY},
+                   {old.m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND},
+                   {nId < 0, DIR_RET_GROUP_NOT_FOUND},
+                   {bRename && Find(d.m_strDisplayName).m_nGroupId >= 0, DIR_RET_CONTACT_EXIST},
+                   {bNeedsRoom, Test(m_nMaxContact, m_nMaxBlack, {d, nId}, &old)}});
         if (nRefusal != 0) {
             return nRefusal;
         }
-        const auto pos = m_items.begin() + (pOld - m_items.data());
-        item.m_strKeptGroupName = pos->m_nGroupId == nId ? pos->m_strKeptGroupName : "";
+        const auto pos = m_items.begin() + (&old - m_items.data());
+        const String strKept = pos->m_nGroupId == nId ? pos->m_strGroupName : "";
+        const Item item = {Crossed(d, bRename ? Contact() : *pos, strKept), nId};
         if (bRename) {
             m_items.erase(pos);
             return WriteContacts(PlaceContact(item));
-        }
-        if (!g_device.m_bColorful) {
-            item.m_strDefaultPhoto = pos->m_strDefaultPhoto;
-            item.m_nSelectedPhoto = pos->m_nSelectedPhoto;
         }
         const int nResult = CountTo(pos + 1, nId);
         return Text(std::exchange(*pos, item)) == Text(item) ? nResult : WriteContacts(nResult);
@@ -368,7 +370,7 @@ struct CDirectoryModel
         for (Item& c : m_items) {
             if (c.m_nGroupId != nId && test(c)) {
                 c.m_nGroupId = nId;
-                c.m_strKeptGroupName.clear();
+                c.m_strGroupName.clear();
                 bAny = true;
             }
         }
@@ -378,7 +380,7 @@ struct CDirectoryModel
     {
         const int nId = GroupId(strGroup);
         const auto nNeeded = std::count_if(m_items.begin(), m_items.end(), [&](auto& c) {
-            return IsIn(names, c) && (c.m_nGroupId == 1) != (nId == 1);
+            return NamedIn(names)(c) && (c.m_nGroupId == 1) != (nId == 1);
         });
         const long long nFree =
             nId == 1 ? m_nMaxBlack - 0LL - Count(1) : m_nMaxContact - 0LL - Count(0) + Count(1);
@@ -388,22 +390,19 @@ struct CDirectoryModel
     int MoveNamed(const Texts& names, const String& strGroup)
     {
         const int nRefusal = TestMove(names, strGroup);
-        const auto bIn = [&](auto& c) { return IsIn(names, c); };
-        return nRefusal != 0 ? nRefusal : (Move(GroupId(strGroup), bIn), 0);
+        return nRefusal != 0 ? nRefusal : (Move(GroupId(strGroup), NamedIn(names)), 0);
     }
     int SetGroup(const String& s, int nId)
     {
         const int nRefusal = First({{m_bReloadByHttp, DIR_RET_RELOADING},
-                                    {!Find(s), DIR_RET_CONTACT_NOT_FOUND},
-                                    {!GroupOf(nId), DIR_RET_GROUP_NOT_FOUND}});
-        const auto bNamed = [&](auto& c) { return c.m_strDisplayName == s; };
-        return nRefusal != 0 ? nRefusal : (Move(nId, bNamed), 1);
+                                    {Find(s).m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND},
+                                    {GroupOf(nId).m_nId < 0, DIR_RET_GROUP_NOT_FOUND}});
+        return nRefusal != 0 ? nRefusal : (Move(nId, Named(s)), 1);
     }
-    String Ring(const Item* c) const
+    String Ring(const Item& c) const
     {
-        const Group* g = c ? GroupOf(c->m_nGroupId) : nullptr;
-        const bool bOwn = c && !c->m_strRing.empty() && m_files.count(c->m_strRing.c_str()) != 0;
-        return bOwn ? c->m_strRing : g ? g->m_strRing : "";
+        const bool bOwn = !c.m_strRing.empty() && m_files.count(c.m_strRing.c_str()) != 0;
+        return bOwn ? c.m_strRing : GroupOf(c.m_nGroupId).m_strRing;
     }
     int SetDefaultPhoto(const String& strPhoto)
     {
@@ -416,35 +415,35 @@ struct CDirectoryModel
 
     // -- Files ------------------------------------------------------------------------------------
 
-    // The attributes of a contact in their order. The name of its group passes through the field
-    // of the kept one.
-    using Row = std::tuple<const char*, String Item::*, int Item::*>;
-    static std::vector<Row> Attributes()
+    // The attributes of a contact in their order.
+    struct Field
     {
-        std::vector<Row> rows = {{"display_name", &Item::m_strDisplayName, nullptr},
-                                 {"office_number", &Item::m_strOfficeNumber, nullptr},
-                                 {"mobile_number", &Item::m_strMobileNumber, nullptr},
-                                 {"other_number", &Item::m_strOtherNumber, nullptr},
-                                 {"line", nullptr, &Item::m_nLine},
-                                 {"ring", &Item::m_strRing, nullptr},
-                                 {"group_id_name", &Item::m_strKeptGroupName, nullptr},
-                                 {"default_photo", &Item::m_strDefaultPhoto, nullptr},
-                                 {"selected_photo", nullptr, &Item::m_nSelectedPhoto}};
-        rows.resize(g_device.m_bColorful ? 9 : 7);
-        return rows;
+        const char* m_pName;
+        String Contact::*m_pText;
+        int Contact::*m_pNumber = nullptr;
+    };
+    static std::vector<Field> Fields()
+    {
+        // clang-format off
+        std::vector<Field> fields = {
+            {"display_name", &Contact::m_strDisplayName}, {"office_number", &Contact::m_strOfficeNumber},
+            {"mobile_number", &Contact::m_strMobileNumber}, {"other_number", &Contact::m_strOtherNumber},
+            {"line", nullptr, &Contact::m_nLine}, {"ring", &Contact::m_strRing},
+            {"group_id_name", &Contact::m_strGroupName},
+            {"default_photo", &Contact::m_strDefaultPhoto}, {"selected_photo", nullptr, &Contact::m_nSelectedPhoto}};
+        // clang-format on
+        fields.resize(g_device.m_bColorful ? 9 : 7);
+        return fields;
     }
-    const pugi::xml_document& Load(pugi::xml_document& document, const char* pPath) const
+    std::string FileText(const char* pPath) const
     {
-        document.load_string(m_files.count(pPath) == 0 ? "" : m_files.at(pPath).c_str());
-        return document;
+        return m_files.count(pPath) == 0 ? "(no file)" : m_files.at(pPath);
     }
     // A file with the groups, where they are given, and the contacts; with both it is the export.
     int Write(const std::string& strPath, const std::vector<Group>* pGroups, bool bContacts)
     {
         pugi::xml_document document;
-        pugi::xml_node declaration = document.append_child(pugi::node_declaration);
-        declaration.append_attribute("version") = "1.0";
-        declaration.append_attribute("encoding") = "utf-8";
+        document.load_string("<?xml version=\"1.0\" encoding=\"utf-8\"?>", pugi::parse_declaration);
         pGroups ? PutGroups(document.append_child("root_group"), *pGroups, bContacts) : void();
         bContacts ? PutContacts(document.append_child("root_contact"), pGroups) : void();
         std::ostringstream text;
@@ -467,40 +466,15 @@ struct CDirectoryModel
     void PutContacts(pugi::xml_node root, bool bExport) const
     {
         for (Item item : m_items) {
-            const bool bKept = !bExport && !item.m_strKeptGroupName.empty();
-            item.m_strKeptGroupName = bKept ? item.m_strKeptGroupName : GroupName(item.m_nGroupId);
+            const bool bKept = !bExport && !item.m_strGroupName.empty();
+            item.m_strGroupName = bKept ? item.m_strGroupName : GroupName(item.m_nGroupId);
             pugi::xml_node node = root.append_child("contact");
-            for (const auto& [pName, pText, pNumber] : Attributes()) {
+            for (const auto& [pName, pText, pNumber] : Fields()) {
                 pText ? bool(node.append_attribute(pName) = (item.*pText).c_str())
                       : bExport || (node.append_attribute(pName) = item.*pNumber);
             }
             bExport || (node.append_attribute("name_index") = "");
         }
-    }
-
-    // -- Helpers ----------------------------------------------------------------------------------
-
-    // The code of the first test that holds; 0 where none does.
-    static int First(std::initializer_list<std::pair<bool, int>> tests)
-    {
-        const auto pos = std::find_if(tests.begin(), tests.end(),
-                                      [](auto& t) { return t.first && t.second != 0; });
-        return pos == tests.end() ? 0 : pos->second;
-    }
-    template <class TRecord>
-    static int Compare(const TRecord& record, const String& s)
-    {
-        return strcasecmp(record.m_strDisplayName.c_str(), s.c_str());
-    }
-    template <class TRecord, class TTest>
-    static const TRecord* FindIf(const std::vector<TRecord>& records, TTest test)
-    {
-        const auto pos = std::find_if(records.begin(), records.end(), test);
-        return pos == records.end() ? nullptr : &*pos;
-    }
-    static bool IsIn(const Texts& names, const Item& c)
-    {
-        return std::count(names.begin(), names.end(), c.m_strDisplayName.c_str()) != 0;
     }
 };
 
