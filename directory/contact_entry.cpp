@@ -55,9 +55,7 @@ int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemD
         return nTest;
     }
     ItemData item;
-    if (MyCGID2ID(&item, nGroupId, data, false) == DIR_RET_NONE) {
-        return DIR_RET_INVALID;
-    }
+    (void)MyCGID2ID(&item, nGroupId, data, false);  // refuses only ids of no group
     return MyInsertContactNoCheckGroup(item, true);
 }
 
@@ -134,9 +132,7 @@ int CContactLocalManager::MyRenameContact(ItemIterator pos, int nGroupId,
                                           const ContactGeneralItemData& data)
 {
     ItemData item;
-    if (MyCGID2ID(&item, nGroupId, data, false) == DIR_RET_NONE) {
-        return DIR_RET_INVALID;
-    }
+    (void)MyCGID2ID(&item, nGroupId, data, false);  // refuses only ids of no group
     // A contact that stays where it stood stays on its way home too.
     if (pos->value->m_nGroupId == nGroupId) {
         item.m_strKeptGroupName = pos->value->m_strKeptGroupName;

@@ -21,9 +21,8 @@ int CContactLocalManager::MyLoadContactFromXmlFile(const qz::basic_string<char>&
 int CContactLocalManager::ReloadContactXml()
 {
     const ContactLimits limits = MyContactLimitsForReload();
-    const bool bCleared = MyClearContactList();
-    const bool bLoaded = MyFillContactList(limits) == DIR_RET_OK;
-    return bCleared && bLoaded ? DIR_RET_OK : DIR_RET_NONE;
+    (void)MyClearContactList();  // always true: it takes every entry
+    return MyFillContactList(limits);
 }
 
 ContactLimits CContactLocalManager::MyContactLimits() const

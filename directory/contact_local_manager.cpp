@@ -74,9 +74,8 @@ bool CContactLocalManager::MyFinal()
 {
     delete m_pIdGenerator;
     m_pIdGenerator = nullptr;
-    const bool bContacts = MyClearContactList();
-    const bool bGroups = MyClearGroupList();
-    return bContacts && bGroups;
+    (void)MyClearContactList();  // always true: it takes every entry
+    return MyClearGroupList();
 }
 
 bool CContactLocalManager::MyClearContactList()
