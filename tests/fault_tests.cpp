@@ -28,8 +28,8 @@ struct EditRow
     int (*m_pCall)(Manager& m);
 };
 
-constexpr std::size_t GROUP = sizeof(Manager::GroupData);
-constexpr std::size_t ITEM = sizeof(Manager::ItemData);
+constexpr std::size_t GROUP_SIZE = sizeof(Manager::GroupData);
+constexpr std::size_t ITEM_SIZE = sizeof(Manager::ItemData);
 
 int MoveTwo(Manager& m)
 {
@@ -39,16 +39,16 @@ int MoveTwo(Manager& m)
 
 // clang-format off
 const std::vector<EditRow> EDITS{
-    {"AddGroup", 3, {GROUP_FILE}, true, GROUP, [](Manager& m) { return m.AddGroup(Group({"Delta"})); }},
+    {"AddGroup", 3, {GROUP_FILE}, true, GROUP_SIZE, [](Manager& m) { return m.AddGroup(Group({"Delta"})); }},
     {"rename", 2, {CONTACT_FILE, GROUP_FILE}, true, 0, [](Manager& m) { return m.UpdateGroupData("Family", Group({"Ahnen"})); }},
     {"ring", 3, {GROUP_FILE}, false, 0, [](Manager& m) { return m.UpdateGroupData("Family", Group({"Family", "r"})); }},
     {"RemoveGroup", 1, {CONTACT_FILE, CONTACT_FILE, GROUP_FILE}, true, 0, [](Manager& m) { return m.RemoveGroup("Family"); }},
     {"RemoveAllGroup", 1, {CONTACT_FILE, GROUP_FILE}, false, 0, [](Manager& m) { return m.RemoveAllGroup(); }},
-    {"AddContact", 2, {CONTACT_FILE}, false, ITEM, [](Manager& m) { return m.AddContact("Family", Contact({"New"})); }},
-    {"AddContactById", 0, {CONTACT_FILE}, false, ITEM, [](Manager& m) { return m.AddContactById(2, Contact({"New"})); }},
-    {"AddBlackContact", 1, {CONTACT_FILE}, false, ITEM, [](Manager& m) { return m.AddBlackContact(Contact({"New"})); }},
+    {"AddContact", 2, {CONTACT_FILE}, false, ITEM_SIZE, [](Manager& m) { return m.AddContact("Family", Contact({"New"})); }},
+    {"AddContactById", 0, {CONTACT_FILE}, false, ITEM_SIZE, [](Manager& m) { return m.AddContactById(2, Contact({"New"})); }},
+    {"AddBlackContact", 1, {CONTACT_FILE}, false, ITEM_SIZE, [](Manager& m) { return m.AddBlackContact(Contact({"New"})); }},
     {"update", 1, {CONTACT_FILE}, false, 0, [](Manager& m) { return m.UpdateContactData("Bob", Contact({"Bob", "Family", "7"})); }},
-    {"new name", 2, {CONTACT_FILE}, false, ITEM, [](Manager& m) { return m.UpdateContactData("Bob", Contact({"Zoe", "Family"})); }},
+    {"new name", 2, {CONTACT_FILE}, false, ITEM_SIZE, [](Manager& m) { return m.UpdateContactData("Bob", Contact({"Zoe", "Family"})); }},
     {"RemoveContact", 1, {CONTACT_FILE}, false, 0, [](Manager& m) { return m.RemoveContact("Bob"); }},
     {"RemoveContactList", 1, {CONTACT_FILE}, false, 0, [](Manager& m) { return m.RemoveContactList(NameList({"Anna", "Carl"})); }},
     {"RemoveAllContacts", 1, {CONTACT_FILE}, false, 0, [](Manager& m) { return m.RemoveAllContacts(0); }},

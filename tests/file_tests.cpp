@@ -6,7 +6,6 @@ using namespace NS_DIRECTORY;
 
 namespace {
 
-const GroupRows TWO_GROUPS{{"Company"}, {"Family"}};  // ids 2 and 3
 const std::string DECLARATION = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n";
 
 class FileTest : public DirectoryTest
@@ -34,7 +33,7 @@ TEST_F(FileTest, FirstStartWritesTheDefaultGroups)
 
 TEST_F(FileTest, ASaveWritesWhatIsMarked)
 {
-    Start(TWO_GROUPS, {{"Anna"}});
+    Start({{"Family"}}, {{"Anna"}});
     const std::string strBefore = State();
     ExpectDone(1, {}, [] { return Directory().SaveGroupToXml() * Directory().SaveContactToXml(); });
     Directory().m_bGroupDirty = Directory().m_bContactDirty = true;
@@ -83,107 +82,91 @@ TEST_F(FileTest, EveryFieldGoesOutByteForByteAndComesBack)
     EXPECT_EQ(Directory().ExportContactAndGroup("no/such/folder"), 1);
 }
 
-struct LoadRow
+std::string G(const std::string& strName)
 {
-    const char* m_pName;
-    std::string m_strFile;
-    int m_nResult;
-    Texts m_listEntries;  // without the fixed groups
-};
-
-std::string Elements(int nCount, const std::string& strBefore, const std::string& strBehind)
-{
-    std::string strElements;
-    for (int n = 0; n < nCount; ++n) {
-        strElements += strBefore + std::to_string(1000 + n) + strBehind;
-    }
-    return strElements;
+    return "<group display_name='" + strName + "'/>";
 }
 
-TEST_F(FileTest, GroupsOfWhatIsInTheFile)
+std::string C(const std::string& strName, const std::string& strGroup)
 {
-    const auto root = [](const std::string& str) { return "<root_group>" + str + "</root_group>"; };
-    Texts full;
-    for (int n = 2; n < 50; ++n) {
-        full.push_back('g' + std::to_string(998 + n) + ' ' + std::to_string(n));
-    }
-    // clang-format off
-    for (const LoadRow& row : std::vector<LoadRow>{
-        {"empty file", "", 0, {}}, {"not XML", "\x7f\x45\x4c\x46 garbage", 0, {}},
-        {"other root", "<root_contact/>", 0, {}}, {"empty root", "<root_group/>", 1, {}},
-        {"first root counts", "<root_group/><root_group><group display_name='A'/></root_group>", 1, {}},
-        // The parser keeps the element that the cut went through, without a name.
-        {"cut in the second group", "<root_group><group display_name='A'/><group disp", 0, {"A 2"}},
-        {"ids by the file, places by name", root("<group display_name='b'/><x/><!-- y --><group display_name='A'/>"), 1, {"A 3", "b 2"}},
-        {"equal but for case", root("<group display_name='We'/><group display_name='WE'/><group display_name='Zoo'/>"), 0, {"We 2", "Zoo 4"}},
-        {"no name, empty name", root("<group/><group display_name=''/><group display_name='A'/>"), 0, {"A 4"}},
-        {"fixed names use no id", root("<group display_name='Blacklist' ring='x'/><group display_name='blacklist'/>"), 1, {"blacklist 2"}},
-        {"above the limit", root(Elements(49, "<group display_name='g", "'/>")), 0, full}}) {
-        // clang-format on
-        SCOPED_TRACE(row.m_pName);
-        WriteFile(GROUP_FILE, row.m_strFile);
-        Restart();
-        const bool bRoot = row.m_strFile.find("<root_group") == 0;
-        Texts expected = bRoot ? Texts{"All Contacts 0", "Blacklist 1"} : Texts{};
-        expected.insert(expected.end(), row.m_listEntries.begin(), row.m_listEntries.end());
-        EXPECT_EQ(Groups(), expected);
-        ExpectDone(row.m_nResult, {}, [] { return Directory().ReloadGroupXml(); });
-        EXPECT_EQ(Groups(), expected);
-    }
-    // The mark of a fixed group comes from the file as it stands, and protects no other.
-    WriteFile(GROUP_FILE, root("<group read_only='1' ring='r' display_name='A'/>"
-                               "<group display_name='B' read_only='true'/>"));
-    EXPECT_EQ(Directory().ReloadGroupXml(), 1);
-    Directory().MySetGroupDirty(true);
-    EXPECT_EQ(ReadFile(GROUP_FILE), GroupFile({{"A", "r", true}, {"B"}}));
-    EXPECT_EQ(Directory().RemoveGroup("A"), DIR_RET_OK);
+    return "<contact display_name='" + strName + "' group_id_name='" + strGroup + "'/>";
 }
 
-TEST_F(FileTest, ContactsOfWhatIsInTheFile)
+std::string InGroups(const std::string& strElements)
 {
-    const auto root = [](const std::string& str) {
-        return "<root_contact>" + str + "</root_contact>";
+    return "<root_group>" + strElements + "</root_group>";
+}
+
+std::string InContacts(const std::string& strElements)
+{
+    return "<root_contact>" + strElements + "</root_contact>";
+}
+
+TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
+{
+    const std::string strFixed = "All Contacts 0,Blacklist 1,";
+    std::string strFull = strFixed;
+    std::string strTooMany;
+    for (int n = 2; n <= 50; ++n) {
+        const std::string strName = 'g' + std::to_string(100 + n);
+        strTooMany += G(strName);
+        strFull += n < 50 ? strName + ' ' + std::to_string(n) + ',' : "";
+    }
+    struct Row
+    {
+        const char* m_pName;
+        const char* m_pPath;
+        std::string m_strFile;
+        int m_nResult;
+        std::string m_strEntries;
     };
     // clang-format off
-    for (const LoadRow& row : std::vector<LoadRow>{
-        {"empty file", "", 0, {}}, {"not XML", "\x01\x02", 0, {}},
-        {"other root", "<root_group/>", 0, {}}, {"empty root", "<root_contact/>", 1, {}},
-        {"cut in the second contact", "<root_contact><contact display_name='B' group_id_name='Family'/><contact display_name='A' line='", 1, {"A 0", "B 3"}},
-        {"no group, other case", root("<contact display_name='C'/><contact display_name='B' group_id_name='family'/>"), 1, {"B 0", "C 0"}},
-        {"equal but for case", root("<contact display_name='bo' group_id_name='Family'/><contact display_name='BO'/><x/>"), 0, {"bo 3"}},
-        {"nameless twice", root("<contact/><contact display_name='A'/><contact display_name=''/>"), 0, {" 0", "A 0"}},
-        {"the first of a name counts, in whatever order", root("<contact line='1' display_name='A' group_id_name='Family' group_id_name='Company' display_name='B'/>"), 1, {"A 3"}}}) {
+    for (const Row& row : std::vector<Row>{
+        {"empty file", GROUP_FILE, "", 0, ""}, {"empty file", CONTACT_FILE, "", 0, ""},
+        {"not XML", GROUP_FILE, "\x7f\x45\x4c\x46 garbage", 0, ""}, {"not XML", CONTACT_FILE, "\x01\x02", 0, ""},
+        {"other root", GROUP_FILE, InContacts(""), 0, ""}, {"other root", CONTACT_FILE, InGroups(""), 0, ""},
+        {"empty root", GROUP_FILE, InGroups(""), 1, strFixed}, {"empty root", CONTACT_FILE, InContacts(""), 1, ""},
+        {"first root counts", GROUP_FILE, InGroups("") + InGroups(G("A")), 1, strFixed},
+        // The parser keeps the element that the cut went through, without the attribute.
+        {"cut", GROUP_FILE, "<root_group>" + G("A") + "<group disp", 0, strFixed + "A 2,"},
+        {"cut", CONTACT_FILE, "<root_contact>" + C("B", "Family") + "<contact display_name='A' line='", 1, "A 0,B 3,"},
+        {"ids by the file, places by name", GROUP_FILE, InGroups(G("b") + "<x/><!-- y -->" + G("A")), 1, strFixed + "A 3,b 2,"},
+        {"equal but for case", GROUP_FILE, InGroups(G("We") + G("WE") + G("Zoo")), 0, strFixed + "We 2,Zoo 4,"},
+        {"equal but for case", CONTACT_FILE, InContacts(C("bo", "Family") + C("BO", "") + "<x/>"), 0, "bo 3,"},
+        {"no name, empty name", GROUP_FILE, InGroups("<group/>" + G("") + G("A")), 0, strFixed + "A 4,"},
+        {"no name, empty name", CONTACT_FILE, InContacts("<contact/>" + C("A", "") + C("", "")), 0, " 0,A 0,"},
+        {"fixed names use no id", GROUP_FILE, InGroups(G("Blacklist") + G("blacklist")), 1, strFixed + "blacklist 2,"},
+        {"group of other case", CONTACT_FILE, InContacts(C("C", "family") + C("B", "Family")), 1, "B 3,C 0,"},
+        {"above the limit", GROUP_FILE, InGroups(strTooMany), 0, strFull},
+        {"first of a name, in any order", CONTACT_FILE,
+         InContacts("<contact group_id_name='Family' display_name='A' display_name='B'/>"), 1, "A 3,"}}) {
         // clang-format on
-        SCOPED_TRACE(row.m_pName);
-        Start(TWO_GROUPS, {{"Before"}});
-        WriteFile(CONTACT_FILE, row.m_strFile);
-        ExpectDone(row.m_nResult, {}, [] { return Directory().ReloadContactXml(); });
-        EXPECT_EQ(Contacts(), row.m_listEntries);
+        SCOPED_TRACE(row.m_pPath + (' ' + row.m_strFile));
+        Start({{"Company"}, {"Family"}}, {{"Before"}});
+        WriteFile(row.m_pPath, row.m_strFile);
+        const bool bGroups = row.m_pPath == GROUP_FILE;
+        ExpectDone(row.m_nResult, {}, [bGroups] {
+            return bGroups ? Directory().ReloadGroupXml() : Directory().ReloadContactXml();
+        });
+        std::string strEntries;
+        for (const std::string& strEntry : bGroups ? Groups() : Contacts()) {
+            strEntries += strEntry + ',';
+        }
+        EXPECT_EQ(strEntries, row.m_strEntries) << row.m_pName;
     }
     std::filesystem::remove(CONTACT_FILE);
     ExpectDone(0, {}, [] { return Directory().ReloadContactXml(); });
-    EXPECT_EQ(Contacts(), Texts{});
     EXPECT_EQ(ReadFile(CONTACT_FILE), "(no file)");
 }
 
-TEST_F(FileTest, EachSideOfTheContactsHasItsOwnLimit)
+TEST_F(FileTest, TheMarkOfAFixedGroupIsKeptAndProtectsNoOther)
 {
-    Start(TWO_GROUPS, {});
-    WriteFile(CONTACT_FILE,
-              "<root_contact>" + Elements(1005, "<contact display_name='o", "'/>") +
-                  Elements(31, "<contact display_name='b", "' group_id_name='Blacklist'/>") +
-                  "</root_contact>");
-    Restart();
-    EXPECT_EQ(Directory().GetCurrentContactCount(), 1000);
-    EXPECT_EQ(Directory().GetCurrentBlackCount(), 30);
-    EXPECT_FALSE(Directory().IsContactExist("o2000")) << "the first in the file stand";
-    EXPECT_FALSE(Directory().IsContactExist("b1030"));
-    EXPECT_EQ(Directory().MyGetContactCountByGroupId(0), 1030);
-    EXPECT_EQ(Directory().SetMaxContactCount(2000), 1000);
-    EXPECT_EQ(Directory().SetMaxBlackCount(31), 30);
-    EXPECT_EQ(Directory().ReloadContactXml(), 1);
-    EXPECT_EQ(Directory().GetCurrentContactCount(), 1005);
-    EXPECT_EQ(Directory().GetCurrentBlackCount(), 31);
+    WriteFile(GROUP_FILE,
+              "<root_group><group read_only='1' ring='r' display_name='A'/>"
+              "<group display_name='B' read_only='true'/></root_group>");
+    Directory().MySetGroupDirty(true);
+    EXPECT_EQ(ReadFile(GROUP_FILE), GroupFile({{"A", "r", true}, {"B"}}));
+    EXPECT_EQ(Directory().RemoveGroup("A"), DIR_RET_OK);
 }
 
 }  // namespace

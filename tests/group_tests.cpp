@@ -8,15 +8,6 @@ namespace {
 
 using GroupTest = DirectoryTest;
 
-TEST_F(GroupTest, RenamedFixedGroupsComeBackBesideTheirContacts)
-{
-    Start({{"Mid"}}, {{"Anna", "All Contacts"}, {"Bob", "Blacklist"}});
-    EXPECT_EQ(Directory().UpdateGroupData("All Contacts", Group({"Zett"})), 0);
-    EXPECT_EQ(Directory().UpdateGroupData("Blacklist", Group({"Aha"})), 3);
-    EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Aha 4", "Mid 2", "Zett 3"}));
-    EXPECT_EQ(Contacts(), (Texts{"Anna 3", "Bob 4"}));
-}
-
 TEST_F(GroupTest, MembersBehindThePublicOnes)
 {
     Start({{"Family"}}, {});

@@ -29,11 +29,18 @@ std::string File(const std::string& strRoot, const std::string& strEntries)
     return Joined("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<", strRoot, strBody);
 }
 
+// "name id" of each record.
+template <class T>
+Texts NamesAndIds(const QZList<T*>& list, int T::*pId)
+{
+    return TextsOf(list, [pId](const T* pRecord) {
+        return Joined(pRecord->m_strDisplayName.c_str(), ' ', pRecord->*pId);
+    });
+}
+
 bool IsAscending(const Texts& names, int nFirst)
 {
-    const auto wrong = [](const auto& a, const auto& b) {
-        return strcasecmp(a.c_str(), b.c_str()) >= 0;
-    };
+    const auto wrong = [](auto& a, auto& b) { return strcasecmp(a.c_str(), b.c_str()) >= 0; };
     return std::adjacent_find(names.begin() + nFirst, names.end(), wrong) == names.end();
 }
 
@@ -180,16 +187,12 @@ std::string DirectoryTest::Memory()
 
 Texts DirectoryTest::Groups()
 {
-    return TextsOf(Directory().m_listGroup, [](auto* pGroup) {
-        return Joined(pGroup->m_strDisplayName.c_str(), ' ', pGroup->m_nId);
-    });
+    return NamesAndIds(Directory().m_listGroup, &CContactLocalManager::GroupData::m_nId);
 }
 
 Texts DirectoryTest::Contacts()
 {
-    return TextsOf(Directory().m_listContact, [](auto* pItem) {
-        return Joined(pItem->m_strDisplayName.c_str(), ' ', pItem->m_nGroupId);
-    });
+    return NamesAndIds(Directory().m_listContact, &CContactLocalManager::ItemData::m_nGroupId);
 }
 
 std::string DirectoryTest::State()

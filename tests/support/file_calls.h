@@ -11,18 +11,9 @@
 class FileCalls
 {
   public:
-    enum Kind
-    {
-        OPEN,
-        READ,
-        WRITE,
-        FLUSH,
-        CLOSE,
-        SEEK,
-        TELL,
-        XML_MEMORY,
-        KIND_COUNT
-    };
+    // clang-format off
+    enum Kind { OPEN, READ, WRITE, FLUSH, CLOSE, SEEK, TELL, XML_MEMORY, KIND_COUNT };
+    // clang-format on
 
     FileCalls();
     FileCalls(const FileCalls&) = delete;
