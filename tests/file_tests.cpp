@@ -82,25 +82,14 @@ TEST_F(FileTest, EveryFieldGoesOutByteForByteAndComesBack)
     EXPECT_EQ(Directory().ExportContactAndGroup("no/such/folder"), 1);
 }
 
-std::string G(const std::string& strName)
-{
-    return "<group display_name='" + strName + "'/>";
-}
-
-std::string C(const std::string& strName, const std::string& strGroup)
-{
-    return "<contact display_name='" + strName + "' group_id_name='" + strGroup + "'/>";
-}
-
-std::string InGroups(const std::string& strElements)
-{
-    return "<root_group>" + strElements + "</root_group>";
-}
-
-std::string InContacts(const std::string& strElements)
-{
-    return "<root_contact>" + strElements + "</root_contact>";
-}
+// Elements, and whole files of them.
+// clang-format off
+const auto G = [](const std::string& strName) { return "<group display_name='" + strName + "'/>"; };
+const auto C = [](const std::string& strName, const std::string& strGroup) {
+    return "<contact display_name='" + strName + "' group_id_name='" + strGroup + "'/>"; };
+const auto InGroups = [](const std::string& str) { return "<root_group>" + str + "</root_group>"; };
+const auto InContacts = [](const std::string& str) { return "<root_contact>" + str + "</root_contact>"; };
+// clang-format on
 
 TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
 {
@@ -141,7 +130,7 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         {"first of a name, in any order", CONTACT_FILE,
          InContacts("<contact group_id_name='Family' display_name='A' display_name='B'/>"), 1, "A 3,"}}) {
         // clang-format on
-        SCOPED_TRACE(row.m_pPath + (' ' + row.m_strFile));
+        SCOPED_TRACE(row.m_pPath + (": " + std::string(row.m_pName)));
         Start({{"Company"}, {"Family"}}, {{"Before"}});
         WriteFile(row.m_pPath, row.m_strFile);
         const bool bGroups = row.m_pPath == GROUP_FILE;
@@ -152,7 +141,7 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         for (const std::string& strEntry : bGroups ? Groups() : Contacts()) {
             strEntries += strEntry + ',';
         }
-        EXPECT_EQ(strEntries, row.m_strEntries) << row.m_pName;
+        EXPECT_EQ(strEntries, row.m_strEntries);
     }
     std::filesystem::remove(CONTACT_FILE);
     ExpectDone(0, {}, [] { return Directory().ReloadContactXml(); });
