@@ -462,7 +462,7 @@ class NSDIRECTORY_API CContactLocalManager
     // ascending under strcasecmp and unique; the contacts ascending under strcasecmp and unique.
     QZList<GroupData*> m_listGroup;
     QZList<ItemData*> m_listContact;
-    CRIdGenerator* m_pIdGenerator = nullptr;  // owned; at 1 after a load of groups
+    CRIdGenerator* m_pIdGenerator = nullptr;  // owned; at 1 after a load with a root
 
     // Any int; reached when the count is at or above it.
     int m_nMaxGroupCount = -1;

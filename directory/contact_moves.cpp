@@ -1,5 +1,5 @@
-// Moving contacts between groups. Only a move across the border of the blacklist needs a slot, and
-// all slots are counted before the first contact moves.
+// Moving contacts between groups. Only a move across the border of the blacklist needs a slot. The
+// moves by name count all slots before the first contact moves; the others test no such thing.
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/contact_limits.h"

@@ -3,6 +3,7 @@
 #include "directory/contact_local_manager.h"
 #include "directory/internal/contact_element.h"
 #include "directory/internal/group_element.h"
+#include "directory/internal/group_links.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
 
@@ -19,9 +20,7 @@ int CContactLocalManager::ExportContactAndGroup(qz::basic_string<char> strPath)
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
         const ItemData& item = *pos->value;
         // The group in which the contact stands now; a kept name is the contact file's business.
-        const GroupData* pGroup = MyFindGroupById(item.m_nGroupId);
-        AppendExportedContact(file, contacts, item,
-                              pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str());
+        AppendExportedContact(file, contacts, item, GroupNameById(m_listGroup, item.m_nGroupId));
     }
     if (strPath.empty()) {
         strPath.append(DATA_DIR);

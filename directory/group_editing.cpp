@@ -112,7 +112,7 @@ int CContactLocalManager::MyRenameGroup(GroupIterator pos, const ContactGroupDat
     // are about to be read back by name.
     pGroup->m_strDisplayName = data.m_strDisplayName;
     MySetContactDirty(true);
-    // The record moves to its new place as it is, so that no lack of memory can lose it.
+    // The record moves to its new place as it is: there may be no memory for another.
     (void)m_listGroup.erase(pos);
     (void)MyCGD2GD(pGroup, pGroup->m_nId, data);  // the id of a stored group is never negative
     // It has a place: the test has looked for it among the same groups.

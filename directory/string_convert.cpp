@@ -19,7 +19,7 @@ qz::basic_string<char> commonAPI_StringConvert(const qz::basic_string<char>& tex
         const char cByte = static_cast<char>(pConvert(static_cast<unsigned char>(text.c_str()[n])));
         strConverted.append(&cByte, 1);
     }
-    return strConverted;
+    return qz::basic_string<char>(strConverted);  // a copy takes no more room than it needs
 }
 
 }  // namespace NS_DIRECTORY

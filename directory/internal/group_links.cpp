@@ -45,13 +45,18 @@ void ResolveGroup(const GroupDataList& list, const qz::basic_string<char>& strGr
     }
 }
 
+const char* GroupNameById(const GroupDataList& list, int nId)
+{
+    const CContactLocalManager::GroupData* pGroup = FindGroupById(list, nId);
+    return pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str();
+}
+
 const char* GroupNameForFile(const GroupDataList& list, const CContactLocalManager::ItemData& item)
 {
     if (!item.m_strKeptGroupName.empty()) {
         return item.m_strKeptGroupName.c_str();
     }
-    const CContactLocalManager::GroupData* pGroup = FindGroupById(list, item.m_nGroupId);
-    return pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str();
+    return GroupNameById(list, item.m_nGroupId);
 }
 
 }  // namespace NS_DIRECTORY

@@ -18,6 +18,9 @@ CContactLocalManager::GroupData* FindGroupByName(const GroupDataList& list,
 void ResolveGroup(const GroupDataList& list, const qz::basic_string<char>& strGroupName,
                   bool bKeepName, CContactLocalManager::ItemData& item);
 
+// The name of the group with that id; empty where there is none. Good until the list changes.
+const char* GroupNameById(const GroupDataList& list, int nId);
+
 // What a save writes as the contact's group. Good until the list or the contact changes.
 const char* GroupNameForFile(const GroupDataList& list, const CContactLocalManager::ItemData& item);
 

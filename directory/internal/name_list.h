@@ -41,8 +41,9 @@ class CNameList
     // True once every name is struck.
     bool IsEmpty() const { return m_nLeft == 0; }
 
-    // False where no name equals strName. Each contact asks once and no two bear one name, so that
-    // a struck name needs no mark; of a name that stands twice the second is never struck.
+    // False where no name equals strName. Each contact asks once, and no two of the list bear one
+    // name, so that a struck name needs no mark; of a name that stands twice the second is never
+    // struck.
     bool Strike(const String& strName)
     {
         const String* const* ppName = std::lower_bound(m_ppBegin, m_ppEnd, &strName, MyIsBefore);

@@ -24,13 +24,17 @@ bool IsSecondOfName(const GroupData& present, const GroupData& group, const char
 }
 
 // The walk passes over the fixed groups unseen, so their names are guarded where they stand: "All
-// Contacts" at the head, and "Blacklist" at the tail of a list without user groups.
-bool IsSecondFixedGroup(const GroupDataList& list, const GroupData& group)
+// Contacts" at the head, and "Blacklist" at the tail of a list without user groups. The end of the
+// list where group is no second one of them.
+GroupDataList::ListIterator FindFirstOfFixed(const GroupDataList& list, const GroupData& group)
 {
     if (list.size() > 0 && IsSecondOfName(*list.begin()->value, group, NAME_ALL_CONTACTS)) {
-        return true;
+        return list.begin();
     }
-    return list.size() > 1 && IsSecondOfName(*list.end()->prev->value, group, NAME_BLACKLIST);
+    if (list.size() > 1 && IsSecondOfName(*list.end()->prev->value, group, NAME_BLACKLIST)) {
+        return list.end()->prev;
+    }
+    return list.end();
 }
 
 // Behind the user groups that sort before the name.
@@ -67,8 +71,9 @@ GroupPlace FindGroupPlace(const GroupDataList& list, const GroupData& group, int
     if (group.m_strDisplayName.empty() || nCount >= nLimit) {
         return {list.end(), DIR_RET_INVALID};
     }
-    if (IsSecondFixedGroup(list, group)) {
-        return {list.end(), DIR_RET_GROUP_EXIST};
+    const GroupDataList::ListIterator first = FindFirstOfFixed(list, group);
+    if (first != list.end()) {
+        return {first, DIR_RET_GROUP_EXIST};
     }
     // The walk comes first for every id: a user group of the name refuses the fixed groups too.
     const GroupPlace place = FindUserGroupPlace(list, group, pRenamed);

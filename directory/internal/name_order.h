@@ -10,8 +10,9 @@ namespace NS_DIRECTORY {
 using GroupDataList = QZList<CContactLocalManager::GroupData*>;
 using ItemDataList = QZList<CContactLocalManager::ItemData*>;
 
-// The place in front of which the new entry goes. m_nResult is what the insert answers, or a
-// negative refusal, and then there is no place.
+// The place in front of which the new entry goes, and what the insert answers. Where that is a
+// refusal because of the name, the place is the entry that bears it; where it is another refusal,
+// there is none.
 struct GroupPlace
 {
     GroupDataList::ListIterator m_itPlace;

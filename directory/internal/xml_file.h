@@ -50,7 +50,7 @@ class CXmlOutput
     CXmlOutput();
 
     pugi::xml_node AppendRoot(const char* pName) { return AppendElement(m_document, pName); }
-    // Here for the compiler to see: a save calls them ten times a contact.
+    // These three stand here for the compiler to see: a save calls them a dozen times a contact.
     pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName)
     {
         pugi::xml_node element = parent.append_child(pName);
