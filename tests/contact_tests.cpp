@@ -48,6 +48,44 @@ TEST_F(ContactTest, PagesAddUpAndLeaveOutWhoHasNoGroup)
     EXPECT_STREQ(Directory().GetGroupRingByContact("Bob").c_str(), "");
 }
 
+TEST_F(ContactTest, AnUpdateWritesWhereAFieldDiffers)
+{
+    struct Row
+    {
+        const char* m_pName;
+        ContactRow m_new;
+        bool m_bOnColors, m_bOnPlain;  // which screens write
+    };
+    // clang-format off
+    for (const Row& row : std::vector<Row>{
+        {"nothing", {"Anna", "Family", "1", "2", "3", "r", 4, "p", 5}, false, false},
+        {"mobile", {"Anna", "Family", "x", "2", "3", "r", 4, "p", 5}, true, true},
+        {"office", {"Anna", "Family", "1", "x", "3", "r", 4, "p", 5}, true, true},
+        {"other", {"Anna", "Family", "1", "2", "x", "r", 4, "p", 5}, true, true},
+        {"ring", {"Anna", "Family", "1", "2", "3", "x", 4, "p", 5}, true, true},
+        {"line", {"Anna", "Family", "1", "2", "3", "r", 0, "p", 5}, true, true},
+        {"photo", {"Anna", "Family", "1", "2", "3", "r", 4, "x", 5}, true, false},
+        {"selected photo", {"Anna", "Family", "1", "2", "3", "r", 4, "p", 0}, true, false}}) {
+        // clang-format on
+        for (const bool bColorful : {true, false}) {
+            SCOPED_TRACE(row.m_pName + std::string(bColorful ? " on colors" : " on plain"));
+            g_device.m_bColorful = true;
+            Start({{"Family"}}, {{"Anna", "Family", "1", "2", "3", "r", 4, "p", 5}});
+            g_device.m_bColorful = bColorful;
+            const bool bWrites = bColorful ? row.m_bOnColors : row.m_bOnPlain;
+            ExpectDone(1, bWrites ? Texts{CONTACT_FILE} : Texts{}, [&row] {
+                return Directory().UpdateContactData("Anna", Contact(row.m_new));
+            });
+            ContactGeneralItemData stored = Contact({"", "", "", "", "", "", 0, "kept", 9});
+            EXPECT_EQ(Directory().GetContactDataByName(&stored, "Anna"), 1);
+            ContactRow expected = row.m_new;
+            expected.m_strPhoto = bColorful ? expected.m_strPhoto : "kept";
+            expected.m_nSelectedPhoto = bColorful ? expected.m_nSelectedPhoto : 9;
+            EXPECT_EQ(Text(stored), Text(Contact(expected)));
+        }
+    }
+}
+
 TEST_F(ContactTest, AskedByNumber)
 {
     EXPECT_STREQ(Directory().GetContactRingByNumber("123456789012345", "").c_str(), "family.wav");
