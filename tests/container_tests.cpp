@@ -160,6 +160,7 @@ TEST(List, KeepsItsLinksThroughEveryStep)
         void (*m_pStep)(StringList& l);
         std::string m_strExpected;
     } steps[] = {
+        {"init where the sentinels are there", [](auto& l) { l.init(); }, ""},
         {"erase of nothing", [](auto& l) { EXPECT_EQ(l.erase(l.begin()->prev), l.end()); }, ""},
         {"push", [](auto& l) { l.push_back("b"); }, "b"},
         {"erase of the only one", [](auto& l) { EXPECT_EQ(l.erase(l.begin()), l.end()); }, ""},

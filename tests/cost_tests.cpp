@@ -90,6 +90,19 @@ std::vector<int> EditRound(CContactLocalManager& m)
     // clang-format on
 }
 
+TEST_F(DirectoryTest, AnEditWritesItsFilesAndNoByteMore)
+{
+    Start({{"Job"}}, {{"Ann", "Job"}});
+    FileCalls contact;
+    EXPECT_GE(Directory().AddContact("Job", Contact({"Bob"})), 0);
+    EXPECT_EQ(contact.Written(), Texts{CONTACT_FILE});
+    EXPECT_EQ(contact.BytesWritten(), ReadFile(CONTACT_FILE).size());
+    FileCalls group;
+    EXPECT_EQ(Directory().UpdateGroupData("Job", Group({"Work"})), 2);
+    EXPECT_EQ(group.Written(), (Texts{CONTACT_FILE, GROUP_FILE}));
+    EXPECT_EQ(group.BytesWritten(), ReadFile(CONTACT_FILE).size() + ReadFile(GROUP_FILE).size());
+}
+
 TEST_F(DirectoryTest, EditsWithoutEndLeaveTheHeapAsItWas)
 {
     const char* pEdits = std::getenv("NSDIRECTORY_SOAK_EDITS");

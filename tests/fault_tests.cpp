@@ -12,6 +12,7 @@
 #include <pugixml.hpp>
 #include <random>
 
+#include "directory/internal/name_list.h"
 #include "tests/support/directory_model.h"
 #include "tests/support/heap_count.h"
 
@@ -136,6 +137,26 @@ TEST_F(FaultTest, EveryCallOfTheSystemFailsInTurn)
     }
 }
 
+TEST_F(FaultTest, FullDiskAndMissingFolder)
+{
+    for (const bool bFull : {true, false}) {
+        for (const EditRow& row : EDITS) {
+            SCOPED_TRACE(row.m_pName + std::string(bFull ? ", full disk" : ", no folder"));
+            std::filesystem::create_directories("config/data");
+            StartSmall();
+            std::filesystem::remove_all("config/data");
+            if (bFull) {  // a device on which every write finds no room
+                std::filesystem::create_directories("config/data");
+                std::filesystem::create_symlink("/dev/full", GROUP_FILE);
+                std::filesystem::create_symlink("/dev/full", CONTACT_FILE);
+            }
+            EXPECT_EQ(row.m_pCall(Directory()), row.m_nResult) << "no result tells of the disk";
+            ExpectSound();
+            std::filesystem::remove_all("config/data");
+        }
+    }
+}
+
 TEST_F(FaultTest, NoMemoryForARecordRefusesTheEntry)
 {
     for (const EditRow& row : EDITS) {
@@ -185,7 +206,13 @@ TEST(MemoryDeathTest, EndsTheProcessInAContainer)
         g_heap.m_nLargest = nLargest;
         str.__grow_by_and_replace(nCapacity, 1, 0, 0, 0, 1, "x");
     };
+    const auto refuseNames = [] {
+        const QZList<String> list;
+        g_heap.m_nLargest = 0;
+        const CNameList names(list);
+    };
     const auto aborted = testing::KilledBySignal(SIGABRT);
+    EXPECT_EXIT(refuseNames(), aborted, "");
     EXPECT_EXIT(refuseNode(), aborted, "");
     EXPECT_EXIT(refuseBuffer(63, 31), aborted, "") << "twice the capacity";
     EXPECT_EXIT(refuseBuffer(0xFFFFFFED, 0x7FFFFFE7), aborted, "") << "the maximum size";

@@ -16,6 +16,9 @@ TEST_F(GroupTest, MembersBehindThePublicOnes)
     EXPECT_EQ(directory.MyFindGroupByDisplayName(strName), directory.MyFindGroupById(2));
     EXPECT_EQ(directory.MyAddGroup(Group({"Work"}), 7), 3) << "an id that is free";
     EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Family 2", "Work 3"}));
+    EXPECT_EQ(directory.AddContactById(2, Contact({"Anna"})), 0);
+    ExpectDone(1, {}, [&] { return directory.MyUpdateAllContactGroupId(2, 2); });
+    EXPECT_EQ(directory.RemoveAllContacts(2), 1);
     EXPECT_TRUE(directory.MyClearGroupList());
     EXPECT_EQ(directory.MyCreateDefaultGroup(), 1);
     EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1"}));

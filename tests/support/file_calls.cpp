@@ -79,7 +79,11 @@ size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
         (void)Real(fflush, "fflush")(file);
         (void)raise(SIGKILL);
     }
-    return Real(fwrite, "fwrite")(data, size, count, file);
+    const size_t nWritten = Real(fwrite, "fwrite")(data, size, count, file);
+    if (g_pCalls != nullptr) {
+        g_pCalls->m_nBytesWritten += nWritten * size;
+    }
+    return nWritten;
 }
 
 int fflush(FILE* file)

@@ -29,6 +29,7 @@ class FileCalls
     int Count(Kind kind) const { return m_arrCount[kind]; }
     // The paths opened for writing, in order, failed ones too.
     const std::vector<std::string>& Written() const { return m_listWritten; }
+    std::size_t BytesWritten() const { return m_nBytesWritten; }
 
     static inline std::size_t s_nFailingRecord = 0;
 
@@ -36,6 +37,7 @@ class FileCalls
     int m_arrCount[KIND_COUNT] = {};
     int m_arrFailing[KIND_COUNT] = {};
     int m_nLastWrite = 0;
+    std::size_t m_nBytesWritten = 0;
     std::vector<std::string> m_listWritten;
 };
 
