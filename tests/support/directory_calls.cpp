@@ -65,7 +65,7 @@ ResultData Page(const CallData& c, bool bAnswered, const Texts& entries, int nTo
     std::string strText = std::to_string(bAnswered ? nTotal : 0) + '\n';
     for (long long n = 0; bAnswered && n < static_cast<long long>(entries.size()); ++n) {
         const bool bOn = n >= c.m_nFrom && n - c.m_nFrom < c.m_nCount;
-        strText += bOn ? entries.begin()[n] : "";
+        strText += bOn ? entries[static_cast<std::size_t>(n)] : "";
     }
     return {bAnswered, strText};
 }
