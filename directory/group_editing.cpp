@@ -200,7 +200,7 @@ int CContactLocalManager::MyUpdateAllContactGroupId(int nOldId, int nNewId)
     bool bChanged = false;
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
         if (pos->value->m_nGroupId == nOldId) {
-            bChanged = MyChangeContactGroup(*pos->value, nNewId) || bChanged;
+            bChanged = MyChangeContactGroup(*pos->value, nNewId);  // all answer alike
         }
     }
     if (bChanged) {
