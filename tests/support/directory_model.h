@@ -352,7 +352,9 @@ struct CDirectoryModel
             return WriteContacts(PlaceContact(item));
         }
         const int nResult = CountTo(pos + 1, nId);
-        return Text(std::exchange(*pos, item)) == Text(item) ? nResult : WriteContacts(nResult);
+        const Item before = std::exchange(*pos, item);
+        const bool bSame = before.m_nGroupId == nId && Text(before) == Text(item);
+        return bSame ? nResult : WriteContacts(nResult);
     }
 
     template <class TTest>
