@@ -2,106 +2,90 @@
 
 #include "tests/support/directory_test.h"
 
-using namespace NS_DIRECTORY;
-
 namespace {
 
 using RecoveryTest = DirectoryTest;
 
-const ContactRows CONTACTS{
-    {"Anna", "Company"}, {"Bob", "Blacklist"}, {"Carl", "Family"}, {"Dora"}, {"Emil", "Blacklist"}};
-
 TEST_F(RecoveryTest, ContactsComeHomeAfterABrokenGroupFile)
 {
-    for (const bool bAtStart : {true, false}) {
-        SCOPED_TRACE(bAtStart ? "broken at the start" : "broken under contacts in memory");
-        Start({{"Company"}, {"Family"}}, CONTACTS);
-        WriteFile(GROUP_FILE, "<root_grou");
-        if (bAtStart) {
-            Restart();
-        } else {
-            EXPECT_EQ(Directory().ReloadGroupXml(), 0);
-            Directory().MySetContactDirty(true);
-            EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(CONTACTS)) << "names kept in time";
-            EXPECT_EQ(Directory().ReloadContactXml(), 1);
-        }
-        EXPECT_EQ(Groups(), Texts{});
-        EXPECT_EQ(Directory().GetCurrentContactCount(), 5) << "all stand in group 0";
-        EXPECT_EQ(Directory().RemoveContact("Emil"), 1);
-        (void)Directory().SetMaxBlackCount(0);
-        EXPECT_EQ(Directory().AddGroup(Group({"Other"})), 0);
-        EXPECT_EQ(Contacts(), (Texts{"Anna 0", "Bob 1", "Carl 0", "Dora 0"}));
-        // Edits that leave a contact where it stands leave it on its way home; a move does not.
-        EXPECT_EQ(Directory().MoveContactToGroup("Anna", "All Contacts"), 0);
-        EXPECT_EQ(Directory().SetContactGroupId("Anna", GROUP_ID_ALL), 1);
-        EXPECT_EQ(Directory().UpdateContactData("Anna", Contact({"Anna", "All Contacts", "1"})), 1);
-        EXPECT_EQ(Directory().UpdateContactData("Anna", Contact({"Zoe", "All Contacts", "1"})), 3);
-        EXPECT_EQ(
-            ReadFile(CONTACT_FILE),
-            ContactFile(
-                {{"Bob", "Blacklist"}, {"Carl", "Family"}, {"Dora"}, {"Zoe", "Company", "1"}}));
-        EXPECT_EQ(Directory().AddGroup(Group({"Family"})), 2);
-        EXPECT_EQ(Directory().SetContactGroupId("Carl", GROUP_ID_ALL), 1);
-        EXPECT_EQ(Directory().AddGroup(Group({"Company"})), 2);
-        EXPECT_EQ(Contacts(), (Texts{"Bob 1", "Carl 0", "Dora 0", "Zoe 2"}));
-        EXPECT_TRUE(Directory().MyFindContact("Zoe")->m_strKeptGroupName.empty());
-    }
-    // A restart over a whole group list keeps nothing.
-    Start({}, CONTACTS);
+    const ContactRows contacts{
+        {"Anna", "Company"}, {"Bob", "Blacklist"}, {"Carl", "Family"}, {"Dora"}, {"Ed", "Company"}};
+    Start({{"Company"}, {"Family"}}, contacts);
+    WriteFile(GROUP_FILE, "<root_grou");
+    EXPECT_EQ(Directory().ReloadGroupXml(), 0);
     Directory().MySetContactDirty(true);
-    EXPECT_EQ(
-        ReadFile(CONTACT_FILE),
-        ContactFile({{"Anna"}, {"Bob", "Blacklist"}, {"Carl"}, {"Dora"}, {"Emil", "Blacklist"}}));
+    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts)) << "names kept in time";
+    Restart();
+    EXPECT_EQ(Contacts(), (Texts{"Anna 0", "Bob 0", "Carl 0", "Dora 0", "Ed 0"}));
+    (void)Directory().SetMaxBlackCount(0);
+    (void)Directory().SetMaxGroupCount(1);
+    EXPECT_EQ(Directory().AddGroup(GroupRow("Other")), 0) << "the fixed groups come on top";
+    (void)Directory().SetMaxGroupCount(9);
+    EXPECT_EQ(Contacts(), (Texts{"Anna 0", "Bob 1", "Carl 0", "Dora 0", "Ed 0"}));
+    // Whoever keeps the group stays on the way home; a move ends it.
+    EXPECT_EQ(Directory().UpdateContactData("Anna", ContactRow("Zoe")), 4);
+    EXPECT_EQ(Directory().SetContactGroupId("Carl", GROUP_ID_ALL), 1);
+    EXPECT_EQ(Directory().UpdateContactData("Ed", ContactRow("Fay", "Other")), 0);
+    EXPECT_EQ(Directory().AddGroup(GroupRow("Family")), 2);
+    EXPECT_EQ(Directory().SetContactGroupId("Carl", GROUP_ID_ALL), 1);
+    EXPECT_EQ(Directory().AddGroup(GroupRow("Company")), 2);
+    EXPECT_EQ(Contacts(), (Texts{"Bob 1", "Carl 0", "Dora 0", "Fay 4", "Zoe 2"}));
+    // A limit that is passed refuses a new name of the blacklist, as long as that holds anybody.
+    (void)Directory().SetMaxContactCount(3);
+    EXPECT_EQ(Directory().UpdateGroupData("Blacklist", GroupRow("Was")), DIR_RET_CONTACT_FULL);
+    EXPECT_EQ(Directory().RemoveContact("Bob"), 1);
+    EXPECT_EQ(Directory().UpdateGroupData("Blacklist", GroupRow("Was")), 4);
 }
 
 TEST_F(RecoveryTest, AFullDirectoryKeepsEverybody)
 {
     GroupRows groups;
     for (int n = 10; n < 58; ++n) {
-        groups.push_back({"g" + std::to_string(n)});
+        groups.emplace_back("g" + std::to_string(n));
     }
     ContactRows contacts;
-    for (std::size_t n = 1000; n < 2032; ++n) {
+    for (int n = 1000; n < 2032; ++n) {
         const bool bBlack = n >= 2000 && n <= 2030;
-        contacts.push_back(
-            {"c" + std::to_string(n), bBlack ? "Blacklist" : groups[n % 48].m_strName});
+        const std::string strGroup = "g" + std::to_string(10 + n % 48);
+        contacts.emplace_back("c" + std::to_string(n), bBlack ? "Blacklist" : strGroup);
     }
+    const auto setGroups = [&contacts](const auto& change) {
+        for (ContactRow& row : contacts) {
+            const bool bBlack = row.m_strGroupName == "Blacklist";
+            row.m_strGroupName = bBlack ? "Blacklist" : change(row.m_strGroupName.c_str()).c_str();
+        }
+    };
     Start(groups, contacts);
-    contacts.resize(1030);  // the last is one too many, as is the one before it for the blacklist
+    contacts.pop_back();  // one too many, as is the one before it for the blacklist
+    contacts.pop_back();
     Directory().MySetContactDirty(true);
     EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
     EXPECT_EQ(Directory().MyGetContactCountByGroupId(GROUP_ID_ALL), 1030);
-    EXPECT_EQ(Directory().AddGroup(Group({"more"})), DIR_RET_GROUP_FULL);
-    EXPECT_EQ(Directory().AddContact("g10", Contact({"more"})), DIR_RET_CONTACT_FULL);
-    EXPECT_EQ(Directory().AddBlackContact(Contact({"more"})), DIR_RET_BLACK_FULL);
+    EXPECT_EQ(Directory().AddGroup(GroupRow("more")), DIR_RET_GROUP_FULL);
+    EXPECT_EQ(Directory().AddContact("g10", ContactRow("more")), DIR_RET_CONTACT_FULL);
+    EXPECT_EQ(Directory().AddBlackContact(ContactRow("more")), DIR_RET_BLACK_FULL);
     // Nobody is lost over an empty group list, where all stand on one side.
     WriteFile(GROUP_FILE, "");
     Restart();
     EXPECT_EQ(Directory().GetCurrentContactCount(), 1030);
-    EXPECT_EQ(Directory().AddGroup(Group({"g10"})), 0);
+    EXPECT_EQ(Directory().AddGroup(GroupRow("g10")), 0);
     EXPECT_EQ(Directory().GetCurrentBlackCount(), 30);
     WriteFile(GROUP_FILE, GroupFile(groups));
-    EXPECT_EQ(Directory().ReloadGroupXml(), 1);
-    EXPECT_EQ(Directory().ReloadContactXml(), 1);
+    EXPECT_EQ(Directory().ReloadGroupXml() * Directory().ReloadContactXml(), 1);
     for (const GroupRow& row : groups) {
-        const ContactGroupData renamed = Group({'n' + row.m_strName});
-        ASSERT_GE(Directory().UpdateGroupData(row.m_strName.c_str(), renamed), 0) << row.m_strName;
+        const GroupRow renamed(std::string("n") + row.m_strDisplayName.c_str());
+        ASSERT_GE(Directory().UpdateGroupData(row.m_strDisplayName, renamed), 0);
     }
     Restart();
-    for (ContactRow& row : contacts) {
-        row.m_strGroup.insert(0, row.m_strGroup == "Blacklist" ? "" : "n");
-    }
+    setGroups([](const std::string& strGroup) { return 'n' + strGroup; });
     EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
     EXPECT_EQ(Directory().GetContactGroupId("c1000"), 2 + 1000 % 48);
-    for (ContactRow& row : contacts) {
-        row.m_strGroup = row.m_strGroup == "Blacklist" ? row.m_strGroup : "All Contacts";
-    }
     for (const GroupRow& row : groups) {
-        ASSERT_EQ(Directory().RemoveGroup(('n' + row.m_strName).c_str()), 1) << row.m_strName;
+        ASSERT_EQ(Directory().RemoveGroup(String("n").append(row.m_strDisplayName.c_str())), 1);
     }
     Restart();
-    EXPECT_EQ(ReadFile(GROUP_FILE), GroupFile({}));
-    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
+    setGroups([](const std::string&) { return std::string("All Contacts"); });
+    EXPECT_EQ(ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE), GroupFile({}) + ContactFile(contacts));
     EXPECT_EQ(Directory().GetCurrentContactCount(), 1000);
 }
 

@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "bench/heap_count.h"
 #include "directory/contact_local_manager.h"
 #include "platform/device_services.h"
-#include "tests/support/heap_count.h"
 
 using NS_DIRECTORY::CContactLocalManager;
 

@@ -32,9 +32,7 @@ template <class TPage>
 auto Text(const TPage& page) -> decltype(page.m_listData, std::string())
 {
     std::string strText = std::to_string(page.m_nTotalCount) + '\n';
-    for (auto pos = page.m_listData.begin(); pos != page.m_listData.end(); pos = pos->next) {
-        strText += Text(pos->value);
-    }
+    (void)TextsOf(page.m_listData, [&](auto& entry) { return strText += Text(entry); });
     return strText;
 }
 
@@ -49,6 +47,7 @@ template <class TPage>
 TPage PageOf(const CallData& c)
 {
     TPage page;
+    page.m_listData.push_back({});  // pages add up
     page.m_nIndexFrom = c.m_nFrom;
     page.m_nCountToGet = c.m_nCount;
     return page;
@@ -57,12 +56,13 @@ TPage PageOf(const CallData& c)
 // The same from the model.
 ResultData Filled(const Model& m, const CallData& c, const Model::Item& item)
 {
-    const bool bFilled = c.m_bFlag && m.GroupOf(item.m_nGroupId).m_nId >= 0;
-    return {bFilled, Text(bFilled ? m.Shown(item, c.m_contact) : c.m_contact)};
+    return {c.m_bFlag && m.HasGroup(item),
+            Text(c.m_bFlag ? m.Shown(item, c.m_contact) : c.m_contact)};
 }
-ResultData Page(const CallData& c, bool bAnswered, const Texts& entries, int nTotal)
+ResultData Page(const CallData& c, bool bAnswered, const std::string& strFirst,
+                const Texts& entries, int nTotal)
 {
-    std::string strText = std::to_string(bAnswered ? nTotal : 0) + '\n';
+    std::string strText = std::to_string(bAnswered ? nTotal : 0) + '\n' + strFirst;
     for (long long n = 0; bAnswered && n < static_cast<long long>(entries.size()); ++n) {
         const bool bOn = n >= c.m_nFrom && n - c.m_nFrom < c.m_nCount;
         strText += bOn ? entries[static_cast<std::size_t>(n)] : "";
@@ -77,55 +77,45 @@ ResultData GroupPage(const Model& m, const CallData& c, bool bIds, bool bBlack)
                                     bIds ? "" : g.m_strRing};
         bBlack || g.m_nId != 1 ? entries.push_back(Text(shown)) : void();
     }
-    return Page(c, c.m_bFlag, entries, m.GroupCount() - !bBlack);
+    return Page(c, c.m_bFlag, Text(Model::Group()), entries, m.GroupCount() - !bBlack);
 }
 ResultData ContactPage(const Model& m, const CallData& c, int nId)
 {
     Texts entries;
     for (const Model::Item& item : m.m_items) {
         const bool bIn = nId == 0 ? item.m_nGroupId != 1 : item.m_nGroupId == nId;
-        const bool bShown =
-            m.GroupOf(item.m_nGroupId).m_nId >= 0;  // without its group only counted
-        bIn ? entries.push_back(bShown ? Text(m.Shown(item, {})) : "") : void();
+        // Without its group it is only counted.
+        bIn ? entries.push_back(m.HasGroup(item) ? Text(m.Shown(item, {})) : "") : void();
     }
-    return Page(c, c.m_bFlag && m.GroupOf(nId).m_nId >= 0, entries,
+    return Page(c, c.m_bFlag && m.GroupOf(nId).m_nId >= 0, Text(Model::Contact()), entries,
                 static_cast<int>(entries.size()));
-}
-
-QZList<String> List(const Texts& names)
-{
-    QZList<String> list;
-    std::for_each(names.begin(), names.end(), [&](auto& str) { list.push_back(str.c_str()); });
-    return list;
 }
 
 int StartOver()
 {
-    CContactLocalManager::ReleaseInstance();
-    return CContactLocalManager::GetInstance() == CContactLocalManager::GetInstance();
+    Manager::ReleaseInstance();
+    return Manager::GetInstance() == Manager::GetInstance();
 }
 
-// A file as a stranger leaves it; one without text is absent.
-const char* Planted(const CallData& c)
+// The record as it stands, but for one field.
+Model::Contact WithOneOf(const CallData& c, Model::Contact data)
 {
-    return c.m_bFlag ? GROUP_FILE : CONTACT_FILE;
+    const auto [pName, pText, pNumber] = Fields(true)[c.m_nField];
+    pText ? void(data.*pText = c.m_contact.*pText) : void(data.*pNumber = c.m_contact.*pNumber);
+    return data;
 }
-int Plant(const CallData& c)
+Model::Contact Stored(const Manager& d, const CallData& c)
 {
-    WriteFile(Planted(c), c.m_strFile);
-    return c.m_strFile.empty() && std::filesystem::remove(Planted(c));
-}
-int Plant(Model& m, const CallData& c)
-{
-    m.m_files[Planted(c)] = c.m_strFile;
-    return c.m_strFile.empty() && m.m_files.erase(Planted(c));
+    Model::Contact data;
+    (void)d.GetContactDataByName(&data, c.m_strName);
+    return data;
 }
 
 struct OperationData
 {
     std::size_t m_nWeight;
     const char* m_pName;
-    ResultData (*m_pReal)(CContactLocalManager& d, CallData c, QZList<String> list);
+    ResultData (*m_pReal)(Manager& d, CallData c, QZList<String> list);
     ResultData (*m_pModel)(Model& m, CallData c);
 };
 
@@ -136,13 +126,14 @@ struct OperationData
      [](auto& m, CallData c) -> ResultData { return (void)m, (void)c, expected; }}
 #define ASK(Name, arguments, expected) DO(2, Name, d.Name arguments, expected)
 #define CHANGE(nWeight, Name, arguments, expected) \
-    DO(nWeight, Name, d.Name arguments, m.m_bReloadByHttp ? DIR_RET_RELOADING : expected)
+    DO(nWeight, Name, d.Name arguments, (m.Refuse(m.m_bReloadByHttp, DIR_RET_RELOADING), expected))
 #define FILL(Name, data, arguments, expected) \
     DO(2, Name, Filled(c, data, [&](auto* p) { return d.Name arguments; }), expected)
 
 const OperationData OPERATIONS[] = {
     DO(2, Restart, StartOver(), m.Start()),
-    DO(5, PlantFile, Plant(c), Plant(m, c)),
+    DO(5, PlantFile, (WriteFile(c.m_strPath.c_str(), c.m_strFile), 0), (m.m_files[c.m_strPath.c_str()] = c.m_strFile, 0)),
+    DO(2, RemoveFile, std::filesystem::remove(c.m_strPath.c_str()), m.m_files.erase(c.m_strPath.c_str()) != 0),
     DO(4, SetColorful, g_device.m_bColorful = c.m_bFlag, c.m_bFlag),
     DO(4, SetSwitch, g_device.m_nConfigValue = c.m_nCount, c.m_nCount),
     DO(6, SetReloading, d.m_bReloadByHttp = c.m_nId > 4 && !c.m_bFlag, m.m_bReloadByHttp = c.m_nId > 4 && !c.m_bFlag),
@@ -169,7 +160,7 @@ const OperationData OPERATIONS[] = {
     ASK(GetGIdByGName, (c.m_strGroup), m.GroupId(c.m_strGroup)),
     ASK(IsGroupExist, (c.m_strGroup), m.GroupId(c.m_strGroup) >= 0),
     DO(2, GetBlacklistGroupName, (d.GetBlacklistGroupName(c.m_strName), c.m_strName), m.GroupName(1)),
-    ASK(CreateContactGroupList, (c.m_strPath), m.Write(c.m_strPath.c_str(), &m.DEFAULTS, false)),
+    ASK(CreateContactGroupList, (c.m_strPath), m.WriteDefaults(c.m_strPath.c_str())),
     DO(4, ReloadGroupXml, d.ReloadGroupXml(), m.ReloadGroups()),
     CHANGE(12, AddGroup, (c.m_group), m.AddGroup(c.m_group)),
     CHANGE(14, UpdateGroupData, (c.m_strGroup, c.m_group), m.UpdateGroup(c.m_strGroup, c.m_group)),
@@ -189,6 +180,8 @@ const OperationData OPERATIONS[] = {
     CHANGE(14, AddContactById, (c.m_nId, c.m_contact), m.Add(c.m_nId, c.m_contact)),
     CHANGE(8, AddBlackContact, (c.m_contact), m.Add(1, c.m_contact)),
     CHANGE(30, UpdateContactData, (c.m_strName, c.m_contact), m.Update(c.m_strName, c.m_contact)),
+    DO(30, UpdateOneField, d.UpdateContactData(c.m_strName, WithOneOf(c, Stored(d, c))),
+       (m.Refuse(m.m_bReloadByHttp, DIR_RET_RELOADING), m.Update(c.m_strName, WithOneOf(c, m.Shown(m.Find(c.m_strName), {}))))),
     CHANGE(4, RemoveContact, (c.m_strName), m.Remove(m.Named(c.m_strName)) ? 1 : DIR_RET_CONTACT_NOT_FOUND),
     CHANGE(2, RemoveContactList, (list), (m.Remove(m.NamedIn(c.m_names)), 1)),
     DO(1, RemoveAllContacts, d.RemoveAllContacts(c.m_nId), m.m_bReloadByHttp ? 0 : (m.Remove(m.In(c.m_nId)), 1)),
@@ -215,7 +208,7 @@ const OperationData OPERATIONS[] = {
     ASK(SetDefaultPhoto, (c.Pointer(c.m_contact.m_strDefaultPhoto)),
         c.m_bFlag ? m.SetDefaultPhoto(c.m_contact.m_strDefaultPhoto) : DIR_RET_NULL_ARGUMENT),
     ASK(ExportContactAndGroup, (c.m_strPath),
-        m.Write(c.m_strPath.empty() ? EXPORT_FILE : c.m_strPath.c_str(), &m.m_groups, true)),
+        m.Export(c.m_strPath.empty() ? EXPORT_FILE : c.m_strPath.c_str())),
 };
 
 // Few values for each argument, so that they meet often.
@@ -232,28 +225,24 @@ constexpr int IDS[] = {-1, 0, 1, 1, 2, 3, 4, 5, 7, INT_MAX, INT_MIN};
 constexpr int LIMITS[] = {INT_MIN, -1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 1000, INT_MAX};
 // clang-format on
 
-using Choice = std::function<std::size_t(std::size_t)>;
-
 template <class T, std::size_t nCount>
 T Pick(const Choice& below, const T (&values)[nCount])
 {
     return values[below(nCount)];
 }
 
-// A file as a stranger may leave it: absent, without its root, cut, over the limits.
+// A file as a stranger may leave it: without its root, cut, over the limits.
 std::string MakeFile(const Choice& below, const std::string& strElement)
 {
     const bool bMany = below(30) == 0;
-    pugi::xml_document document;
-    pugi::xml_node root =
-        document.append_child(below(5) == 0 ? "other" : ("root_" + strElement).c_str());
+    std::string strElements;
     for (std::size_t n = bMany ? 70 : below(8); n != 0; --n) {
-        pugi::xml_node node = root.append_child(below(20) == 0 ? "other" : strElement.c_str());
         const char* pName = strElement == "group" ? Pick(below, GROUPS) : Pick(below, NAMES);
         const auto put = [&](const char* pAttribute, const std::string& strValue) {
-            below(10) == 0 || (node.append_attribute(pAttribute) = strValue.c_str());
+            strElements += below(10) == 0 ? "" : Attribute(pAttribute, strValue);
         };
-        put("display_name", bMany ? "n" + std::to_string(n) : pName);
+        strElements += '<' + (below(20) == 0 ? "other" : strElement);
+        put("display_name", bMany ? Joined('n', n) : pName);
         put("mobile_number", Pick(below, NUMBERS));
         put("line", Pick(below, DECIMALS));
         put("selected_photo", Pick(below, DECIMALS));
@@ -262,34 +251,22 @@ std::string MakeFile(const Choice& below, const std::string& strElement)
         put("ring", Pick(below, RINGS));
         put("group_id_name", bMany && below(4) != 0 ? "Blacklist" : Pick(below, GROUPS));
         put("name_index", "x");
+        strElements += "/>";
     }
-    std::ostringstream text;
-    document.save(text);
-    const std::string strCut = text.str().substr(0, below(text.str().size()));
-    return Pick<std::string>(below, {text.str(), text.str(), text.str(), strCut, "", "no XML"});
-}
-
-// Each operation as often as it weighs.
-std::vector<std::size_t> WeightedOperations()
-{
-    std::vector<std::size_t> all;
-    for (std::size_t n = 0; n < std::size(OPERATIONS); ++n) {
-        all.insert(all.end(), OPERATIONS[n].m_nWeight, n);
-    }
-    return all;
+    const std::string strFile = Root(below(5) == 0 ? "other" : "root_" + strElement, strElements);
+    const std::string strCut = strFile.substr(0, below(strFile.size()));
+    return Pick<std::string>(below, {strFile, strFile, strFile, strCut, "", "no XML"});
 }
 
 std::string Text(const CallData& c)
 {
-    std::ostringstream text;
-    text << OPERATIONS[c.m_nOperation].m_pName << ": id " << c.m_nId << " limit " << c.m_nLimit
-         << " page " << c.m_nFrom << ',' << c.m_nCount << " flag " << c.m_bFlag;
-    for (const String* pText : {&c.m_strName, &c.m_strGroup, &c.m_strNumber, &c.m_strPath}) {
-        text << " '" << pText->c_str() << '\'';
-    }
-    text << " names " << testing::PrintToString(c.m_names) << "\n    group " << Text(c.m_group)
-         << "    contact " << Text(c.m_contact) << "    file " << c.m_strFile << '\n';
-    return text.str();
+    const auto quoted = [](const String& str) { return Joined(" '", str.c_str(), '\''); };
+    return Joined(OPERATIONS[c.m_nOperation].m_pName, ": id ", c.m_nId, " limit ", c.m_nLimit,
+                  " page ", c.m_nFrom, ',', c.m_nCount, " field ", c.m_nField, " flag ", c.m_bFlag,
+                  quoted(c.m_strName), quoted(c.m_strGroup), quoted(c.m_strNumber),
+                  quoted(c.m_strPath), " names ", testing::PrintToString(c.m_names), "\n    group ",
+                  Text(c.m_group), "    contact ", Text(c.m_contact), "    file ", c.m_strFile,
+                  '\n');
 }
 
 // Makes the call on both. What differs then.
@@ -297,22 +274,32 @@ std::string Difference(Model& model, const CallData& c)
 {
     const OperationData& operation = OPERATIONS[c.m_nOperation];
     model.m_writes.clear();
-    CContactLocalManager& directory = DirectoryTest::Directory();
+    model.m_nBytes = 0;
+    Manager& directory = DirectoryTest::Directory();
     const FileCalls files;
-    const ResultData actual = operation.m_pReal(directory, c, List(c.m_names));
+    const ResultData actual = operation.m_pReal(directory, c, NameList(c.m_names));
     const Texts written = files.Written();
-    const ResultData expected = operation.m_pModel(model, c);
+    const std::size_t nBytes = files.BytesWritten();
+    ResultData expected(DIR_RET_NONE);
+    try {
+        expected = operation.m_pModel(model, c);
+    } catch (int nRefusal) {
+        expected = nRefusal;
+    }
     ++g_results[operation.m_pName][actual.m_nCode];
     std::string strWrong;
     const auto compare = [&](const std::string& strWhat, const auto& was, const auto& must) {
+        using testing::PrintToString;
         strWrong += was == must ? ""
-                                : strWhat + ":\n" + testing::PrintToString(was) + "\nmust be:\n" +
-                                      testing::PrintToString(must) + '\n';
+                                : Joined(strWhat, ":\n", PrintToString(was), "\nmust be:\n",
+                                         PrintToString(must), '\n');
     };
     compare("result", actual.m_nCode, expected.m_nCode);
     compare("answer", actual.m_strText, expected.m_strText);
     compare("order of writes", written, model.m_writes);
+    compare("bytes written", nBytes, model.m_nBytes);
     compare("memory", DirectoryTest::Memory(), model.Memory());
+    DirectoryTest::ExpectSound();
     for (const char* pPath : {GROUP_FILE, CONTACT_FILE, EXPORT_FILE, "other.xml"}) {
         compare(pPath, ReadFile(pPath), model.FileText(pPath));
     }
@@ -323,25 +310,33 @@ std::string Difference(Model& model, const CallData& c)
 
 CallData MakeCall(const Choice& below)
 {
-    static const std::vector<std::size_t> WEIGHTED = WeightedOperations();
+    static const std::vector<std::size_t> WEIGHTED = [] {
+        std::vector<std::size_t> all;
+        for (std::size_t n = 0; n < std::size(OPERATIONS); ++n) {
+            all.insert(all.end(), OPERATIONS[n].m_nWeight, n);
+        }
+        return all;
+    }();
     const auto pick = [&](auto& values) { return Pick(below, values); };
     // clang-format off
     CallData c = {WEIGHTED[below(WEIGHTED.size())], pick(NAMES), pick(GROUPS), pick(NUMBERS), pick(PATHS),
-                  pick(IDS), pick(LIMITS), pick(IDS), pick(IDS), below(6) != 0};
+                  pick(IDS), pick(LIMITS), pick(IDS), pick(IDS), below(Fields(true).size()), below(6) != 0};
     c.m_group = {below(4) == 0 ? c.m_strGroup : pick(GROUPS), pick(RINGS)};
     c.m_contact = {below(2) == 0 ? c.m_strName : pick(NAMES), below(3) == 0 ? "All Contacts" : pick(GROUPS),
                    pick(NUMBERS), pick(NUMBERS), pick(NUMBERS), pick(PHOTOS), pick(RINGS), pick(IDS), pick(IDS)};
     // clang-format on
     std::generate_n(std::back_inserter(c.m_names), below(5), [&] { return pick(NAMES); });
     if (OPERATIONS[c.m_nOperation].m_pName == std::string("PlantFile")) {
-        c.m_strFile = MakeFile(below, c.m_bFlag ? "group" : "contact");
+        const bool bGroups = below(2) == 0;
+        c.m_strPath = bGroups ? GROUP_FILE : CONTACT_FILE;
+        c.m_strFile = MakeFile(below, bGroups ? "group" : "contact");
     }
     return c;
 }
 
 std::string Replay(const Calls& calls)
 {
-    CContactLocalManager::ReleaseInstance();
+    Manager::ReleaseInstance();
     std::filesystem::remove_all("config/data");
     std::filesystem::remove("other.xml");
     std::filesystem::create_directories("config/data");

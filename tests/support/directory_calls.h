@@ -1,6 +1,6 @@
 // Calls of every public operation, for whoever has choices to make them from, and their replay
 // against the model. After each call the two are compared: the result, all that lies in memory, the
-// files byte for byte, and which files were written in which order.
+// files byte for byte, which were written in which order, and how many bytes.
 
 #ifndef NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
 #define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_CALLS_H
@@ -16,9 +16,10 @@ struct CallData
     std::size_t m_nOperation;
     String m_strName, m_strGroup, m_strNumber, m_strPath;
     int m_nId, m_nLimit, m_nFrom, m_nCount;
-    bool m_bFlag;  // false: pointers are null, switches off
-    NS_DIRECTORY::ContactGroupData m_group = {};
-    NS_DIRECTORY::ContactGeneralItemData m_contact = {};
+    std::size_t m_nField;  // of a contact
+    bool m_bFlag;          // false: pointers are null, switches off
+    ContactGroupData m_group = {};
+    ContactGeneralItemData m_contact = {};
     Texts m_names = {};
     std::string m_strFile = {};
 
@@ -27,7 +28,8 @@ struct CallData
 using Calls = std::vector<CallData>;
 
 // The call that these choices make, each a number below the one given.
-CallData MakeCall(const std::function<std::size_t(std::size_t nEnd)>& below);
+using Choice = std::function<std::size_t(std::size_t nEnd)>;
+CallData MakeCall(const Choice& below);
 
 // Makes the calls from an empty folder, up to the first where the two differ. What differs there,
 // and after which calls; empty where nothing does.

@@ -1,7 +1,7 @@
 // A plain model of the directory for the random test: standard containers, the files as texts, and
 // for each change what it must answer, keep and write. It is made to be seen to be right, not to be
-// fast. Questions are asked of its records directly. Its caller sees to it that no change is made
-// while the directory takes none.
+// fast. Questions are asked of its records directly. That the directory takes no changes is for the
+// caller to refuse, but where the operation tests something else first.
 
 #ifndef NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
 #define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
@@ -13,16 +13,13 @@
 #include <cstdlib>
 #include <map>
 #include <pugixml.hpp>
-#include <sstream>
 #include <utility>
 
 #include "tests/support/directory_test.h"
 
-using namespace NS_DIRECTORY;
-
 struct CDirectoryModel
 {
-    using Group = CContactLocalManager::GroupData;
+    using Group = Manager::GroupData;
     using Contact = ContactGeneralItemData;
     struct Item : Contact  // with the kept group name, if any, for that of its group
     {
@@ -35,9 +32,10 @@ struct CDirectoryModel
         {2, "Company", "", false}, {3, "Family", "", false}, {4, "Friend", "", false}};
     // clang-format on
 
-    // The disk. A write sets the text of the file and adds its path to m_writes.
+    // The disk, and the paths and bytes that were written to it.
     std::map<std::string, std::string> m_files = {};
     Texts m_writes = {};
+    std::size_t m_nBytes = 0;
 
     std::vector<Group> m_groups = {};
     std::vector<Item> m_items = {};
@@ -49,30 +47,34 @@ struct CDirectoryModel
     // A new instance over the files.
     int Start()
     {
-        *this = CDirectoryModel{m_files, m_writes};
+        *this = CDirectoryModel{m_files, m_writes, m_nBytes};
         return LoadGroups(m_nMaxGroup), LoadContacts(m_nMaxContact, m_nMaxBlack), 1;
+    }
+
+    // Both over the files of the model.
+    void StartBoth()
+    {
+        for (const auto& [strPath, strText] : m_files) {
+            WriteFile(strPath, strText);
+        }
+        Start();
+        DirectoryTest::Restart();
     }
 
     std::string Memory() const
     {
-        std::ostringstream text;
-        text << m_nMaxGroup << '|' << m_nMaxContact << '|' << m_nMaxBlack << '|' << Count(1) << '|'
-             << m_bReloadByHttp << '|' << m_bKeepNames << '\n';
-        std::for_each(m_groups.begin(), m_groups.end(), [&](auto& g) { text << Text(g); });
+        std::string strText = Joined(m_nMaxGroup, '|', m_nMaxContact, '|', m_nMaxBlack, '|',
+                                     Count(1), '|', m_bReloadByHttp, '|', m_bKeepNames, '\n');
+        std::for_each(m_groups.begin(), m_groups.end(), [&](auto& g) { strText += Text(g); });
         std::for_each(m_items.begin(), m_items.end(),
-                      [&](auto& c) { text << c.m_nGroupId << "||" << Text(c); });
-        return text.str();
+                      [&](auto& c) { strText += Joined(c.m_nGroupId, "||", Text(c)); });
+        return strText;
     }
 
     // -- Helpers ----------------------------------------------------------------------------------
 
-    // The code of the first test that holds; 0 where none does.
-    static int First(std::initializer_list<std::pair<bool, int>> tests)
-    {
-        const auto pos = std::find_if(tests.begin(), tests.end(),
-                                      [](auto& t) { return t.first && t.second != 0; });
-        return pos == tests.end() ? 0 : pos->second;
-    }
+    // A change that is refused ends in throwing the code, before it changes anything.
+    static void Refuse(bool bHolds, int nCode) { bHolds ? throw nCode : void(); }
     // The record; where there is none, an empty one, whose id is -1.
     template <class TRecord, class TTest>
     static const TRecord& FindIf(const std::vector<TRecord>& records, TTest test)
@@ -116,12 +118,13 @@ struct CDirectoryModel
         return FindIf(m_groups, [&](auto& g) { return nId >= 0 && g.m_nId == nId; });
     }
     String GroupName(int nId) const { return GroupOf(nId).m_strDisplayName; }
-    int TestName(const String& s, int nExceptId) const
+    void TestName(const String& s, int nExceptId) const
     {
         const Group& alike = FindIf(m_groups, [&](auto& g) {
             return g.m_nId > 1 && g.m_nId != nExceptId && Compare(g, s) == 0;
         });
-        return First({{s.empty(), DIR_RET_INVALID}, {alike.m_nId > 1, DIR_RET_GROUP_EXIST}});
+        Refuse(s.empty(), DIR_RET_INVALID);
+        Refuse(alike.m_nId > 1, DIR_RET_GROUP_EXIST);
     }
 
     // User groups ascend behind the fixed ones; id 0 belongs to the front and id 1 to the end.
@@ -137,9 +140,8 @@ struct CDirectoryModel
 
     int LoadGroups(int nLimit)
     {
-        m_files.count(GROUP_FILE) == 0 ? Write(GROUP_FILE, &DEFAULTS, false) : 0;
-        pugi::xml_document document;
-        document.load_string(FileText(GROUP_FILE).c_str());
+        m_files.count(GROUP_FILE) == 0 ? WriteDefaults(GROUP_FILE) : 0;
+        const pugi::xml_document document = Parsed(GROUP_FILE);
         const pugi::xml_node root = document.child("root_group");
         m_bKeepNames = m_bKeepNames || !root;
         m_nLastId = root ? 1 : m_nLastId;
@@ -151,8 +153,16 @@ struct CDirectoryModel
             const bool bFixed = s == "All Contacts" || s == "Blacklist";
             const bool bReadOnly = String("1") == node.attribute("read_only").value();
             const Group group = {nId += !bFixed, s, node.attribute("ring").value(), bReadOnly};
-            const bool bRefused = GroupCount() >= nLimit || TestName(s, -1) < 0;
-            nResult = bFixed ? nResult : bRefused ? 0 : (PlaceGroup(group), nResult);
+            if (bFixed) {
+                continue;
+            }
+            try {
+                Refuse(GroupCount() >= nLimit, DIR_RET_GROUP_FULL);
+                TestName(s, -1);
+                PlaceGroup(group);
+            } catch (int) {
+                nResult = 0;
+            }
         }
         return nResult;
     }
@@ -172,11 +182,11 @@ struct CDirectoryModel
 
     int AddGroup(const ContactGroupData& data)
     {
-        const int nEarly = First({{GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST},
-                                  {GroupCount() >= m_nMaxGroup, DIR_RET_GROUP_FULL}});
-        const int nId = nEarly == 0 ? ++m_nLastId : 0;  // taken also where the name is refused
-        const int nRefusal = First({{true, nEarly}, {true, TestName(data.m_strDisplayName, -1)}});
-        return nRefusal != 0 ? nRefusal : PlaceAndReload(nId, data);
+        Refuse(GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST);
+        Refuse(GroupCount() >= m_nMaxGroup, DIR_RET_GROUP_FULL);
+        const int nId = ++m_nLastId;  // taken also where the name is refused
+        TestName(data.m_strDisplayName, -1);
+        return PlaceAndReload(nId, data);
     }
     int PlaceAndReload(int nId, const ContactGroupData& data)
     {
@@ -187,15 +197,12 @@ struct CDirectoryModel
         const int nId = GroupId(s);
         const bool bRename = !(data.m_strDisplayName == s);
         const int nOthers = GroupCount() - (nId > 1);  // a fixed group comes back
-        const bool bOverflow = nId == 1 && Count(1) > 0 && Count(0) > m_nMaxContact;
-        const int nRefusal =
-            First({{nId < 0, DIR_RET_INVALID},
-                   {bRename && GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST},
-                   {bRename && nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL},
-                   {bRename, TestName(data.m_strDisplayName, nId)},
-                   {bRename && bOverflow, DIR_RET_CONTACT_FULL}});
-        if (nRefusal != 0) {
-            return nRefusal;
+        Refuse(nId < 0, DIR_RET_INVALID);
+        if (bRename) {
+            Refuse(GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST);
+            Refuse(nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL);
+            TestName(data.m_strDisplayName, nId);
+            Refuse(nId == 1 && Count(1) > 0 && Count(0) > m_nMaxContact, DIR_RET_CONTACT_FULL);
         }
         const auto pos = m_groups.begin() + GroupAt(s);
         const String strOldRing = std::exchange(pos->m_strRing, data.m_strRing);
@@ -210,9 +217,8 @@ struct CDirectoryModel
     int RemoveGroup(const String& s)
     {
         const int nId = GroupId(s);
-        if (nId <= 1) {
-            return nId < 0 ? DIR_RET_GROUP_NOT_FOUND : DIR_RET_GROUP_READ_ONLY;
-        }
+        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        Refuse(nId <= 1, DIR_RET_GROUP_READ_ONLY);
         Move(0, In(nId));
         WriteContacts();
         m_groups.erase(m_groups.begin() + GroupAt(s));
@@ -220,9 +226,7 @@ struct CDirectoryModel
     }
     int RemoveAllGroups()
     {
-        if (GroupCount() <= 2) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
+        Refuse(GroupCount() <= 2, DIR_RET_GROUP_NOT_FOUND);
         for (; GroupCount() > 2; m_groups.erase(m_groups.begin() + 2)) {
             Move(0, In(m_groups[2].m_nId));
         }
@@ -252,7 +256,7 @@ struct CDirectoryModel
     }
 
     // A slot and a free name, seen without the contact that is replaced.
-    int Test(int nOrdinary, int nBlack, const Item& item, const Item* pOld = nullptr) const
+    void Test(int nOrdinary, int nBlack, const Item& item, const Item* pOld = nullptr) const
     {
         const bool bBlack = item.m_nGroupId == 1;
         const auto nOthers = std::count_if(m_items.begin(), m_items.end(), [&](auto& c) {
@@ -260,9 +264,9 @@ struct CDirectoryModel
         });
         const Item& alike = FindIf(
             m_items, [&](auto& c) { return &c != pOld && Compare(c, item.m_strDisplayName) == 0; });
-        return First({{bBlack && nOthers >= nBlack, DIR_RET_BLACK_FULL},
-                      {!bBlack && nOthers >= nOrdinary, DIR_RET_CONTACT_FULL},
-                      {alike.m_nGroupId >= 0, DIR_RET_CONTACT_EXIST}});
+        Refuse(bBlack && nOthers >= nBlack, DIR_RET_BLACK_FULL);
+        Refuse(!bBlack && nOthers >= nOrdinary, DIR_RET_CONTACT_FULL);
+        Refuse(alike.m_nGroupId >= 0, DIR_RET_CONTACT_EXIST);
     }
     // Counts those of the group up to and including the one that comes to stand behind.
     int PlaceContact(const Item& item)
@@ -279,22 +283,25 @@ struct CDirectoryModel
     {
         const long long nBoth = std::max(nOrdinary, 0) + 0LL + std::max(nBlack, 0);
         nOrdinary = m_groups.empty() ? static_cast<int>(std::min(nBoth, INT_MAX + 0LL)) : nOrdinary;
-        pugi::xml_document document;
-        document.load_string(FileText(CONTACT_FILE).c_str());
+        const pugi::xml_document document = Parsed(CONTACT_FILE);
         const pugi::xml_node root = document.child("root_contact");
         int nResult = root ? 1 : 0;
         for (const pugi::xml_node& node : root.children("contact")) {
             Item item = {};
-            for (const Field& field : Fields()) {
-                const char* p = node.attribute(field.m_pName).value();
+            for (const auto& [pName, pText, pNumber] : Fields()) {
+                const char* p = node.attribute(pName).value();
                 const long n = std::clamp<long>(std::strtol(p, nullptr, 10), INT_MIN, INT_MAX);
-                field.m_pText ? void(item.*field.m_pText = p)
-                              : void(item.*field.m_pNumber = static_cast<int>(n));
+                pText ? void(item.*pText = p) : void(item.*pNumber = static_cast<int>(n));
             }
             const int nId = GroupId(item.m_strGroupName);
             item.m_nGroupId = std::max(nId, 0);
             item.m_strGroupName = m_bKeepNames && nId < 0 ? item.m_strGroupName : "";
-            nResult = Test(nOrdinary, nBlack, item) ? 0 : (PlaceContact(item), nResult);
+            try {
+                Test(nOrdinary, nBlack, item);
+                PlaceContact(item);
+            } catch (int) {
+                nResult = 0;
+            }
         }
         return nResult;
     }
@@ -318,16 +325,17 @@ struct CDirectoryModel
         to.m_nSelectedPhoto = (g_device.m_bColorful ? from : before).m_nSelectedPhoto;
         return to;
     }
+    bool HasGroup(const Item& c) const { return GroupOf(c.m_nGroupId).m_nId >= 0; }
     Contact Shown(const Item& c, const Contact& before) const
     {
-        return Crossed(c, before, GroupName(c.m_nGroupId));
+        return HasGroup(c) ? Crossed(c, before, GroupName(c.m_nGroupId)) : before;
     }
     int Add(int nId, const Contact& d)
     {
         const Item item = {Crossed(d, {}, ""), nId};
-        const int nRefusal = First({{GroupOf(nId).m_nId < 0, DIR_RET_GROUP_ID_FAIL},
-                                    {true, Test(m_nMaxContact, m_nMaxBlack, item)}});
-        return nRefusal != 0 ? nRefusal : WriteContacts(PlaceContact(item));
+        Refuse(GroupOf(nId).m_nId < 0, DIR_RET_GROUP_ID_FAIL);
+        Test(m_nMaxContact, m_nMaxBlack, item);
+        return WriteContacts(PlaceContact(item));
     }
     int Update(const String& s, const Contact& d)
     {
@@ -335,14 +343,12 @@ struct CDirectoryModel
         const Item& old = Find(s);
         const bool bRename = !(d.m_strDisplayName == s);
         const bool bNeedsRoom = bRename || (old.m_nGroupId == 1) != (nId == 1);
-        const int nRefusal =
-            First({{s.empty(), DIR_RET_EMPTY_KEY},
-                   {old.m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND},
-                   {nId < 0, DIR_RET_GROUP_NOT_FOUND},
-                   {bRename && Find(d.m_strDisplayName).m_nGroupId >= 0, DIR_RET_CONTACT_EXIST},
-                   {bNeedsRoom, Test(m_nMaxContact, m_nMaxBlack, {d, nId}, &old)}});
-        if (nRefusal != 0) {
-            return nRefusal;
+        Refuse(s.empty(), DIR_RET_EMPTY_KEY);
+        Refuse(old.m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND);
+        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        Refuse(bRename && Find(d.m_strDisplayName).m_nGroupId >= 0, DIR_RET_CONTACT_EXIST);
+        if (bNeedsRoom) {
+            Test(m_nMaxContact, m_nMaxBlack, {d, nId}, &old);
         }
         const auto pos = m_items.begin() + (&old - m_items.data());
         const String strKept = pos->m_nGroupId == nId ? pos->m_strGroupName : "";
@@ -386,20 +392,20 @@ struct CDirectoryModel
         });
         const long long nFree =
             nId == 1 ? m_nMaxBlack - 0LL - Count(1) : m_nMaxContact - 0LL - Count(0) + Count(1);
-        return First({{nId < 0, DIR_RET_GROUP_NOT_FOUND},
-                      {nFree < nNeeded, nId == 1 ? DIR_RET_BLACK_FULL : DIR_RET_CONTACT_FULL}});
+        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        Refuse(nFree < nNeeded, nId == 1 ? DIR_RET_BLACK_FULL : DIR_RET_CONTACT_FULL);
+        return 0;
     }
     int MoveNamed(const Texts& names, const String& strGroup)
     {
-        const int nRefusal = TestMove(names, strGroup);
-        return nRefusal != 0 ? nRefusal : (Move(GroupId(strGroup), NamedIn(names)), 0);
+        return TestMove(names, strGroup), Move(GroupId(strGroup), NamedIn(names)), 0;
     }
     int SetGroup(const String& s, int nId)
     {
-        const int nRefusal = First({{m_bReloadByHttp, DIR_RET_RELOADING},
-                                    {Find(s).m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND},
-                                    {GroupOf(nId).m_nId < 0, DIR_RET_GROUP_NOT_FOUND}});
-        return nRefusal != 0 ? nRefusal : (Move(nId, Named(s)), 1);
+        Refuse(m_bReloadByHttp, DIR_RET_RELOADING);
+        Refuse(Find(s).m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND);
+        Refuse(GroupOf(nId).m_nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        return Move(nId, Named(s)), 1;
     }
     String Ring(const Item& c) const
     {
@@ -417,66 +423,49 @@ struct CDirectoryModel
 
     // -- Files ------------------------------------------------------------------------------------
 
-    // The attributes of a contact in their order.
-    struct Field
-    {
-        const char* m_pName;
-        String Contact::*m_pText;
-        int Contact::*m_pNumber = nullptr;
-    };
-    static std::vector<Field> Fields()
-    {
-        // clang-format off
-        std::vector<Field> fields = {
-            {"display_name", &Contact::m_strDisplayName}, {"office_number", &Contact::m_strOfficeNumber},
-            {"mobile_number", &Contact::m_strMobileNumber}, {"other_number", &Contact::m_strOtherNumber},
-            {"line", nullptr, &Contact::m_nLine}, {"ring", &Contact::m_strRing},
-            {"group_id_name", &Contact::m_strGroupName},
-            {"default_photo", &Contact::m_strDefaultPhoto}, {"selected_photo", nullptr, &Contact::m_nSelectedPhoto}};
-        // clang-format on
-        fields.resize(g_device.m_bColorful ? 9 : 7);
-        return fields;
-    }
     std::string FileText(const char* pPath) const
     {
         return m_files.count(pPath) == 0 ? "(no file)" : m_files.at(pPath);
     }
-    // A file with the groups, where they are given, and the contacts; with both it is the export.
-    int Write(const std::string& strPath, const std::vector<Group>* pGroups, bool bContacts)
+    pugi::xml_document Parsed(const char* pPath) const
     {
+        const std::string strText = FileText(pPath);
         pugi::xml_document document;
-        document.load_string("<?xml version=\"1.0\" encoding=\"utf-8\"?>", pugi::parse_declaration);
-        pGroups ? PutGroups(document.append_child("root_group"), *pGroups, bContacts) : void();
-        bContacts ? PutContacts(document.append_child("root_contact"), pGroups) : void();
-        std::ostringstream text;
-        document.save(text, "\t", pugi::format_indent);
-        m_files[strPath] = text.str();
+        document.load_buffer(strText.data(), strText.size());
+        return document;
+    }
+    int Write(const std::string& strPath, const std::string& strRoots)
+    {
         m_writes.push_back(strPath);
+        if (!strPath.empty()) {
+            m_files[strPath] = DECLARATION + strRoots;
+            m_nBytes += m_files[strPath].size();
+        }
         return 1;
     }
-    int WriteGroups() { return Write(GROUP_FILE, &m_groups, false); }
-    int WriteContacts(int nResult = 1) { return Write(CONTACT_FILE, nullptr, true) * nResult; }
-    static void PutGroups(pugi::xml_node root, const std::vector<Group>& groups, bool bExport)
+    static std::string Elements(const std::vector<Group>& groups, bool bExport)
     {
-        for (const Group& g : groups) {
-            pugi::xml_node node = root.append_child("group");
-            node.append_attribute("display_name") = g.m_strDisplayName.c_str();
-            node.append_attribute("ring") = g.m_strRing.c_str();
-            bExport || (node.append_attribute("read_only") = g.m_bReadOnly ? "1" : "0");
-        }
+        return GroupRoot(GroupRows(groups.begin(), groups.end()), bExport);
     }
-    void PutContacts(pugi::xml_node root, bool bExport) const
+    std::string Elements(bool bExport) const
     {
-        for (Item item : m_items) {
-            const bool bKept = !bExport && !item.m_strGroupName.empty();
-            item.m_strGroupName = bKept ? item.m_strGroupName : GroupName(item.m_nGroupId);
-            pugi::xml_node node = root.append_child("contact");
-            for (const auto& [pName, pText, pNumber] : Fields()) {
-                pText ? bool(node.append_attribute(pName) = (item.*pText).c_str())
-                      : bExport || (node.append_attribute(pName) = item.*pNumber);
-            }
-            bExport || (node.append_attribute("name_index") = "");
+        ContactRows rows;
+        for (const Item& c : m_items) {
+            const bool bKept = !bExport && !c.m_strGroupName.empty();
+            rows.emplace_back(c);
+            rows.back().m_strGroupName = bKept ? c.m_strGroupName : GroupName(c.m_nGroupId);
         }
+        return ContactRoot(rows, bExport);
+    }
+    int WriteDefaults(const std::string& strPath)
+    {
+        return Write(strPath, Elements(DEFAULTS, false));
+    }
+    int WriteGroups() { return Write(GROUP_FILE, Elements(m_groups, false)); }
+    int WriteContacts(int nResult = 1) { return Write(CONTACT_FILE, Elements(false)) * nResult; }
+    int Export(const std::string& strPath)
+    {
+        return Write(strPath, Elements(m_groups, true) + Elements(true));
     }
 };
 

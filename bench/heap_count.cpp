@@ -1,4 +1,4 @@
-#include "tests/support/heap_count.h"
+#include "bench/heap_count.h"
 
 #include <malloc.h>
 

@@ -1,8 +1,8 @@
 // Counts the heap of the whole process, the libraries' too. Where another tool has put its own
 // allocator in place, nothing is counted.
 
-#ifndef NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
-#define NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
+#ifndef NSDIRECTORY_BENCH_HEAP_COUNT_H
+#define NSDIRECTORY_BENCH_HEAP_COUNT_H
 
 #include <cstddef>
 #include <cstdint>
@@ -29,4 +29,4 @@ long AllocationsOf(Step step)
     return g_heap.m_nAllocations - nBefore;
 }
 
-#endif  // NSDIRECTORY_TESTS_SUPPORT_HEAP_COUNT_H
+#endif  // NSDIRECTORY_BENCH_HEAP_COUNT_H

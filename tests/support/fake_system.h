@@ -1,13 +1,25 @@
-// Watches the calls that a load or a save makes, those of the XML library too, while it lives, and
-// lets single ones fail. One at a time.
+// The system under the library: the services of the device, and the calls that a load or a save
+// makes, those of the XML library too.
 
-#ifndef NSDIRECTORY_TESTS_SUPPORT_FILE_CALLS_H
-#define NSDIRECTORY_TESTS_SUPPORT_FILE_CALLS_H
+#ifndef NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H
+#define NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
+using Texts = std::vector<std::string>;  // names or paths
+
+// A test sets the device's answers and sees what it was asked.
+struct FakeDevice
+{
+    bool m_bColorful = true;
+    int m_nConfigValue = 0;
+    Texts m_listFilesAsked = {}, m_listConfigAsked = {};  // paths; "key level"
+};
+inline FakeDevice g_device;
+
+// Watches the calls while it lives, and lets single ones fail. One at a time.
 class FileCalls
 {
   public:
@@ -21,16 +33,15 @@ class FileCalls
 
     // That call fails, the first being 1, and no other of its kind.
     void Fail(Kind kind, int nCall) { m_arrFailing[kind] = nCall; }
-    // The next object of that size gets no memory from new (std::nothrow), whoever watches.
-    static void FailRecord(std::size_t nBytes) { s_nFailingRecord = nBytes; }
     // The process is killed in the middle of that write call.
     void DieInWrite(int nCall) { m_nLastWrite = nCall; }
 
     int Count(Kind kind) const { return m_arrCount[kind]; }
     // The paths opened for writing, in order, failed ones too.
-    const std::vector<std::string>& Written() const { return m_listWritten; }
+    const Texts& Written() const { return m_listWritten; }
     std::size_t BytesWritten() const { return m_nBytesWritten; }
 
+    // The next object of that size gets no memory from new (std::nothrow), whoever watches.
     static inline std::size_t s_nFailingRecord = 0;
 
   private:
@@ -38,7 +49,7 @@ class FileCalls
     int m_arrFailing[KIND_COUNT] = {};
     int m_nLastWrite = 0;
     std::size_t m_nBytesWritten = 0;
-    std::vector<std::string> m_listWritten;
+    Texts m_listWritten;
 };
 
-#endif  // NSDIRECTORY_TESTS_SUPPORT_FILE_CALLS_H
+#endif  // NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H

@@ -1,12 +1,15 @@
-#include "tests/support/file_calls.h"
+#include "tests/support/fake_system.h"
 
 #include <dlfcn.h>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <new>
 #include <pugixml.hpp>
+
+#include "platform/device_services.h"
 
 namespace {
 
@@ -30,6 +33,24 @@ Function* Real(Function* /*pOwn*/, const char* pName)
 }
 
 }  // namespace
+
+// Yes is 2: any answer but 0 is one.
+int IsColorfulScreen()
+{
+    return g_device.m_bColorful ? 2 : 0;
+}
+
+int ZMK_MiscHelper::pathFileExist(const char* path)
+{
+    g_device.m_listFilesAsked.emplace_back(path);
+    return std::filesystem::exists(path) ? 2 : 0;
+}
+
+int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)
+{
+    g_device.m_listConfigAsked.push_back(std::string(name) + ' ' + std::to_string(int{level}));
+    return g_device.m_nConfigValue;
+}
 
 FileCalls::FileCalls()
 {

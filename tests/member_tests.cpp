@@ -1,0 +1,117 @@
+// What random calls do not reach, or hardly: members in states that no public call brings about,
+// contacts whose group is gone, what the device is asked, and texts that hold a NUL.
+
+#include <utility>
+
+#include "tests/support/directory_test.h"
+
+namespace {
+
+using MemberTest = DirectoryTest;
+
+TEST_F(MemberTest, GroupsBehindThePublicCalls)
+{
+    Start({{"Family"}}, {});
+    Manager& directory = Directory();
+    String strName("Family");
+    EXPECT_EQ(directory.MyFindGroupByDisplayName(strName), directory.MyFindGroupById(2));
+    EXPECT_EQ(directory.MyAddGroup(GroupRow("Work"), 7), 3) << "an id that is free";
+    EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Family 2", "Work 3"}));
+    EXPECT_EQ(directory.AddContactById(2, ContactRow("Anna")), 0);
+    ExpectDone(1, {}, [&] { return directory.MyUpdateAllContactGroupId(2, 2); });
+    EXPECT_TRUE(directory.MyClearContactList() && directory.MyClearGroupList());
+    EXPECT_EQ(directory.MyCreateDefaultGroup(), 1);
+    EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1"}));
+    EXPECT_EQ(directory.m_pIdGenerator->GenId(), 2);
+    // A start over keeps its generator; a load can do without one.
+    const CRIdGenerator* const pBefore = directory.m_pIdGenerator;
+    EXPECT_TRUE(directory.MyInit());
+    EXPECT_EQ(directory.m_pIdGenerator, pBefore);
+    delete std::exchange(directory.m_pIdGenerator, nullptr);
+    EXPECT_EQ(directory.ReloadGroupXml(), 1);
+    EXPECT_EQ(directory.GetCurrentGroupCount(), 4);
+    WriteFile(GROUP_FILE, "");
+    EXPECT_EQ(directory.ReloadGroupXml(), 0);
+    EXPECT_FALSE(directory.MyInit());
+}
+
+TEST_F(MemberTest, AContactOfNoGroupGoesToAllContacts)
+{
+    Start({{"Family"}}, {{"Anna", "Family", "1"}, {"Carl"}});
+    const std::pair<int, int> rows[] = {{-1, 1}, {2, 1}, {77, 3}};  // group and result
+    for (const auto& [nGroup, nResult] : rows) {
+        Manager::ItemData item;
+        item.m_strDisplayName = std::to_string(nGroup).c_str();
+        item.m_nGroupId = nGroup;
+        ExpectDone(nResult, {}, [&item] { return Directory().MyInsertContact(item, false); });
+    }
+    EXPECT_EQ(Contacts(), (Texts{"-1 0", "2 2", "77 0", "Anna 2", "Carl 0"}));
+    // Those whose groups are gone are counted and not shown.
+    WriteFile(GROUP_FILE, GroupFile({}));
+    EXPECT_EQ(Directory().ReloadGroupXml(), 1);
+    ContactGeneralItemListData page;
+    page.m_nCountToGet = 9;
+    EXPECT_EQ(Directory().GetContactListById(&page, 0), 1);
+    EXPECT_EQ(TextsOf(page.m_listData, [](auto& c) { return c.m_strDisplayName.c_str(); }),
+              (Texts{"-1", "77", "Carl"}));
+    EXPECT_EQ(page.m_nTotalCount, 5);
+    EXPECT_TRUE(Directory().GetContactRingByNumber("1", "").empty());
+}
+
+TEST_F(MemberTest, ResultsThatHardlyAnybodyTakes)
+{
+    Manager::ItemData item;
+    ContactGeneralItemData data;
+    EXPECT_EQ(Directory().MyCGID2ID(&item, GROUP_ID_ALL, data, false), DIR_RET_OK);
+    EXPECT_EQ(Directory().MyUpdateInPlace(item, GROUP_ID_ALL, data), DIR_RET_OK);
+    Directory().m_bGroupDirty = Directory().m_bContactDirty = true;
+    EXPECT_EQ(Directory().SaveGroupToXml() + Directory().SaveContactToXml(), 2);
+    EXPECT_EQ(CRIdGenerator().SetBegin(7), 7);
+}
+
+TEST_F(MemberTest, WhatTheDeviceIsAsked)
+{
+    Start({{"Family", "family.wav"}}, {{"Bob", "Family", "100", "", "", "gone.wav"}});
+    EXPECT_STREQ(Directory().GetContactRingByNumber("100", "").c_str(), "family.wav");
+    EXPECT_EQ(g_device.m_listFilesAsked.back(), "gone.wav") << "the group's file is not asked for";
+    ContactGroupSimpleListData page;
+    EXPECT_EQ(Directory().GetGroupSimpleList(&page), 1);
+    EXPECT_EQ(g_device.m_listConfigAsked, Texts{"HistoryBlackListShowSwitch 1"});
+}
+
+TEST_F(MemberTest, TextsThatHoldANul)
+{
+    const auto text = [](const char* pBegin, const char* pBehindNul) {
+        return String(pBegin).append("\0", 1).append(pBehindNul);
+    };
+    Start({}, {{"Anna", "Blacklist", "100"}});
+    ContactGeneralItemData data;
+    EXPECT_EQ(Directory().GetContactData(&data, "", text("100", "x")), 1) << "up to the NUL";
+    const String strText = text("aBc1\xC3\xA9", "Zz");
+    const auto convert = [](const String& str, int nType) {
+        return commonAPI_StringConvert(str, static_cast<StringConvertType>(nType));
+    };
+    EXPECT_TRUE(convert(strText, STRING_CONVERT_TO_LOWER) == text("abc1\xC3\xA9", "zz"));
+    EXPECT_TRUE(convert(strText, STRING_CONVERT_TO_UPPER) == text("ABC1\xC3\xA9", "ZZ"));
+    EXPECT_TRUE(convert(strText, 0) == strText && convert(strText, 3) == strText);
+}
+
+TEST(Records, AreEmptyAtFirstAndAfterReset)
+{
+    Manager::GroupData group{5, "Family", "r", true};
+    group.Reset();
+    EXPECT_EQ(Text(group), Text(Manager::GroupData()));
+    CallLogUpdateData log;
+    log.m_strDisplayName = log.m_strOfficeNumber = log.m_strMobileNumber = log.m_strOtherNumber =
+        "x";
+    log.Reset();
+    EXPECT_TRUE(log.m_strDisplayName.empty() && log.m_strOfficeNumber.empty());
+    EXPECT_TRUE(log.m_strMobileNumber.empty() && log.m_strOtherNumber.empty());
+    EXPECT_EQ(Text(Manager::ItemData()), "-1||||||0||||0|\n");
+    const auto sum = [](auto p) { return p.m_nIndexFrom + p.m_nCountToGet + p.m_nTotalCount; };
+    EXPECT_EQ(sum(ContactGroupSimpleListData()) + sum(ContactGroupListData()) +
+                  sum(ContactGeneralItemListData()) + ContactGeneralItemListData().m_nHostData,
+              0);
+}
+
+}  // namespace
