@@ -43,23 +43,20 @@ TEST_F(RecoveryTest, AFullDirectoryKeepsEverybody)
     for (int n = 10; n < 58; ++n) {
         groups.emplace_back("g" + std::to_string(n));
     }
-    ContactRows contacts;
-    for (int n = 1000; n < 2032; ++n) {
-        const bool bBlack = n >= 2000 && n <= 2030;
-        const std::string strGroup = "g" + std::to_string(10 + n % 48);
-        contacts.emplace_back("c" + std::to_string(n), bBlack ? "Blacklist" : strGroup);
-    }
-    const auto setGroups = [&contacts](const auto& change) {
-        for (ContactRow& row : contacts) {
-            const bool bBlack = row.m_strGroupName == "Blacklist";
-            row.m_strGroupName = bBlack ? "Blacklist" : change(row.m_strGroupName.c_str()).c_str();
+    // Those of the blacklist behind a thousand others, who stand in groups of this kind of name.
+    const auto contacts = [](int nCount, const std::string& strGroup) {
+        ContactRows rows;
+        for (int n = 1000; n < 1000 + nCount; ++n) {
+            const std::string strNumber =
+                strGroup == "All Contacts" ? "" : std::to_string(10 + n % 48);
+            rows.emplace_back("c" + std::to_string(n),
+                              n < 2000 ? strGroup + strNumber : "Blacklist");
         }
+        return rows;
     };
-    Start(groups, contacts);
-    contacts.pop_back();  // one too many, as is the one before it for the blacklist
-    contacts.pop_back();
+    Start(groups, contacts(1031, "g"));  // one too many
     Directory().MySetContactDirty(true);
-    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
+    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts(1030, "g")));
     EXPECT_EQ(Directory().MyGetContactCountByGroupId(GROUP_ID_ALL), 1030);
     EXPECT_EQ(Directory().AddGroup(GroupRow("more")), DIR_RET_GROUP_FULL);
     EXPECT_EQ(Directory().AddContact("g10", ContactRow("more")), DIR_RET_CONTACT_FULL);
@@ -77,15 +74,14 @@ TEST_F(RecoveryTest, AFullDirectoryKeepsEverybody)
         ASSERT_GE(Directory().UpdateGroupData(row.m_strDisplayName, renamed), 0);
     }
     Restart();
-    setGroups([](const std::string& strGroup) { return 'n' + strGroup; });
-    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
+    EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts(1030, "ng")));
     EXPECT_EQ(Directory().GetContactGroupId("c1000"), 2 + 1000 % 48);
     for (const GroupRow& row : groups) {
         ASSERT_EQ(Directory().RemoveGroup(String("n").append(row.m_strDisplayName.c_str())), 1);
     }
     Restart();
-    setGroups([](const std::string&) { return std::string("All Contacts"); });
-    EXPECT_EQ(ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE), GroupFile({}) + ContactFile(contacts));
+    EXPECT_EQ(ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE),
+              GroupFile({}) + ContactFile(contacts(1030, "All Contacts")));
     EXPECT_EQ(Directory().GetCurrentContactCount(), 1000);
 }
 

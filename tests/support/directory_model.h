@@ -443,29 +443,24 @@ struct CDirectoryModel
         }
         return 1;
     }
-    static std::string Elements(const std::vector<Group>& groups, bool bExport)
+    std::string Contacts(bool bExport) const
     {
-        return GroupRoot(GroupRows(groups.begin(), groups.end()), bExport);
-    }
-    std::string Elements(bool bExport) const
-    {
-        ContactRows rows;
-        for (const Item& c : m_items) {
+        std::vector<Item> items = m_items;
+        for (Item& c : items) {
             const bool bKept = !bExport && !c.m_strGroupName.empty();
-            rows.emplace_back(c);
-            rows.back().m_strGroupName = bKept ? c.m_strGroupName : GroupName(c.m_nGroupId);
+            c.m_strGroupName = bKept ? c.m_strGroupName : GroupName(c.m_nGroupId);
         }
-        return ContactRoot(rows, bExport);
+        return ContactRoot(items, bExport);
     }
     int WriteDefaults(const std::string& strPath)
     {
-        return Write(strPath, Elements(DEFAULTS, false));
+        return Write(strPath, GroupRoot(DEFAULTS, false));
     }
-    int WriteGroups() { return Write(GROUP_FILE, Elements(m_groups, false)); }
-    int WriteContacts(int nResult = 1) { return Write(CONTACT_FILE, Elements(false)) * nResult; }
+    int WriteGroups() { return Write(GROUP_FILE, GroupRoot(m_groups, false)); }
+    int WriteContacts(int nResult = 1) { return Write(CONTACT_FILE, Contacts(false)) * nResult; }
     int Export(const std::string& strPath)
     {
-        return Write(strPath, Elements(m_groups, true) + Elements(true));
+        return Write(strPath, GroupRoot(m_groups, true) + Contacts(true));
     }
 };
 

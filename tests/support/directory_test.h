@@ -38,11 +38,9 @@ std::string Joined(const Values&... values)
 
 struct GroupRow : Manager::GroupData
 {
-    GroupRow(const std::string& strName, const std::string& strRing = "", bool bReadOnly = false,
-             int nId = -1)
-        : GroupData{nId, strName.c_str(), strRing.c_str(), bReadOnly}
+    GroupRow(const std::string& strName, const std::string& strRing = "", bool bReadOnly = false)
+        : GroupData{GROUP_ID_NONE, strName.c_str(), strRing.c_str(), bReadOnly}
     {}
-    GroupRow(const GroupData& data) : GroupData(data) {}
     operator ContactGroupData() const { return {m_strDisplayName, m_strRing}; }
 };
 using GroupRows = std::vector<GroupRow>;
@@ -63,7 +61,6 @@ struct ContactRow : ContactGeneralItemData
                                  nLine,
                                  nPhoto}
     {}
-    ContactRow(const ContactGeneralItemData& data) : ContactGeneralItemData(data) {}
 };
 using ContactRows = std::vector<ContactRow>;
 
@@ -154,10 +151,11 @@ inline std::string Root(const std::string& strName, const std::string& strElemen
 
 // Root elements as the saves or the export write them; the screen of the moment decides on the
 // photos.
-inline std::string GroupRoot(const GroupRows& rows, bool bExport)
+template <class TRows>
+std::string GroupRoot(const TRows& rows, bool bExport)
 {
     std::string strElements;
-    for (const GroupRow& row : rows) {
+    for (const auto& row : rows) {
         const std::string strMark = Attribute("read_only", row.m_bReadOnly ? "1" : "0");
         strElements +=
             Joined("\t<group", Attribute("display_name", row.m_strDisplayName.c_str()),
@@ -165,10 +163,11 @@ inline std::string GroupRoot(const GroupRows& rows, bool bExport)
     }
     return Root("root_group", strElements);
 }
-inline std::string ContactRoot(const ContactRows& rows, bool bExport)
+template <class TRows>
+std::string ContactRoot(const TRows& rows, bool bExport)
 {
     std::string strElements;
-    for (const ContactRow& row : rows) {
+    for (const auto& row : rows) {
         strElements += "\t<contact";
         for (const auto& [pName, pText, pNumber] : Fields()) {
             strElements += pText      ? Attribute(pName, (row.*pText).c_str())
