@@ -54,7 +54,9 @@ TEST_F(RecoveryTest, AFullDirectoryKeepsEverybody)
         }
         return rows;
     };
-    Start(groups, contacts(1031, "g"));  // one too many
+    ContactRows tooMany = contacts(1031, "g");  // by one for the blacklist
+    tooMany.emplace_back("z", "g10");           // and by one ordinary one
+    Start(groups, tooMany);
     Directory().MySetContactDirty(true);
     EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts(1030, "g")));
     EXPECT_EQ(Directory().MyGetContactCountByGroupId(GROUP_ID_ALL), 1030);
