@@ -97,6 +97,9 @@ TEST(String, TakesTheFormAndTheCapacityOfItsRules)
     }
     ExpectForm(String(), 14, "");
     ExpectForm(String(NONE), 14, "");
+    String middle("0123456789");
+    middle.__grow_by_and_replace(14, 17, 10, 2, 3, 2, "xy");
+    ExpectForm(middle, 31, "01xy56789");
     StringList list;
     list.push_back(Abc(15).c_str());
     ExpectForm(list.begin()->value, 15, Abc(15));

@@ -16,6 +16,8 @@ TEST_F(FileTest, FirstStartWritesTheDefaultGroups)
     EXPECT_EQ(calls.Written(), Texts{GROUP_FILE});
     EXPECT_EQ(ReadFile(GROUP_FILE), GroupFile({{"Company"}, {"Family"}, {"Friend"}}));
     EXPECT_EQ(ReadFile(CONTACT_FILE), "(no file)");
+    EXPECT_TRUE(Directory().MyClearGroupList());
+    EXPECT_FALSE(Directory().MyInit()) << "there are no contacts to load";
 }
 
 TEST_F(FileTest, EveryFieldGoesOutByteForByteAndComesBack)
@@ -109,6 +111,13 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         ExpectDone(0, {}, [] { return Directory().ReloadGroupXml(); });
         EXPECT_EQ(Groups(), Texts{});
     }
+    // Over an empty group list both limits hold together, and a negative one counts nothing.
+    EXPECT_EQ(Directory().RemoveAllContacts(GROUP_ID_ALL), 1);
+    (void)Directory().SetMaxContactCount(-1);
+    (void)Directory().SetMaxBlackCount(1);
+    WriteFile(CONTACT_FILE, InContacts(C("A", "") + C("B", "Blacklist")));
+    ExpectDone(0, {}, [] { return Directory().ReloadContactXml(); });
+    EXPECT_EQ(Contacts(), Texts{"A 0"});
 }
 
 }  // namespace
