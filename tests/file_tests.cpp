@@ -1,6 +1,7 @@
 // The files: what is written, byte for byte, and what a load takes from any file.
 
 #include <climits>
+#include <tuple>
 
 #include "tests/support/directory_test.h"
 
@@ -66,16 +67,11 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         strTooMany += G(strName);
         strFull += n < 50 ? strName + ' ' + std::to_string(n) + ',' : "";
     }
-    struct Row
-    {
-        const char* m_pName;
-        const char* m_pPath;
-        std::string m_strFile;
-        int m_nResult;
-        std::string m_strEntries;  // behind the fixed groups
-    };
+    // What is wrong, the file and its text; what the load gives, and its entries behind the fixed
+    // ones.
+    using Row = std::tuple<const char*, const char*, std::string, int, std::string>;
     // clang-format off
-    for (const Row& row : std::vector<Row>{
+    for (const auto& [pName, pPath, strFile, nResult, strExpected] : std::vector<Row>{
         {"no file", CONTACT_FILE, "", 0, ""}, {"not XML", CONTACT_FILE, "\x01\x02", 0, ""},
         {"empty root", GROUP_FILE, InGroups(""), 1, ""}, {"empty root", CONTACT_FILE, InContacts(""), 1, ""},
         {"other root", CONTACT_FILE, InGroups(""), 0, ""},
@@ -92,19 +88,19 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         {"first of a name, in any order", CONTACT_FILE,
          InContacts("<contact group_id_name='Family' display_name='A' display_name='B'/>"), 1, "A 3,"}}) {
         // clang-format on
-        SCOPED_TRACE(row.m_pPath + (": " + std::string(row.m_pName)));
+        SCOPED_TRACE(Joined(pPath, ": ", pName));
         Start({{"Company"}, {"Family"}}, {{"Before"}});
-        WriteFile(row.m_pPath, row.m_strFile);
-        const bool bGroups = row.m_pPath == GROUP_FILE;
-        (void)(row.m_strFile.empty() && std::filesystem::remove(row.m_pPath));
-        ExpectDone(row.m_nResult, {}, [bGroups] {
+        WriteFile(pPath, strFile);
+        const bool bGroups = pPath == GROUP_FILE;
+        (void)(strFile.empty() && std::filesystem::remove(pPath));
+        ExpectDone(nResult, {}, [bGroups] {
             return bGroups ? Directory().ReloadGroupXml() : Directory().ReloadContactXml();
         });
         std::string strEntries;
         for (const std::string& strEntry : bGroups ? Groups() : Contacts()) {
             strEntries += strEntry + ',';
         }
-        EXPECT_EQ(strEntries, (bGroups ? "All Contacts 0,Blacklist 1," : "") + row.m_strEntries);
+        EXPECT_EQ(strEntries, (bGroups ? "All Contacts 0,Blacklist 1," : "") + strExpected);
     }
     for (const char* pText : {"", "\x7f\x45\x4c\x46 garbage", "<root_contact/>"}) {
         WriteFile(GROUP_FILE, pText);

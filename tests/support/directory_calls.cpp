@@ -91,12 +91,6 @@ ResultData ContactPage(const Model& m, const CallData& c, int nId)
                 static_cast<int>(entries.size()));
 }
 
-int StartOver()
-{
-    Manager::ReleaseInstance();
-    return Manager::GetInstance() == Manager::GetInstance();
-}
-
 // The record as it stands, but for one field.
 Model::Contact WithOneOf(const CallData& c, Model::Contact data)
 {
@@ -131,7 +125,7 @@ struct OperationData
     DO(2, Name, Filled(c, data, [&](auto* p) { return d.Name arguments; }), expected)
 
 const OperationData OPERATIONS[] = {
-    DO(2, Restart, StartOver(), m.Start()),
+    DO(2, Restart, (DirectoryTest::Restart(), 1), m.Start()),
     DO(5, PlantFile, (WriteFile(c.m_strPath.c_str(), c.m_strFile), 0), (m.m_files[c.m_strPath.c_str()] = c.m_strFile, 0)),
     DO(2, RemoveFile, std::filesystem::remove(c.m_strPath.c_str()), m.m_files.erase(c.m_strPath.c_str()) != 0),
     DO(4, SetColorful, g_device.m_bColorful = c.m_bFlag, c.m_bFlag),
