@@ -4,8 +4,8 @@
 
 #include <new>
 
+#include "directory/data_files.h"
 #include "directory/internal/contact_limits.h"
-#include "directory/internal/xml_names.h"
 
 namespace NS_DIRECTORY {
 namespace {
@@ -83,6 +83,7 @@ bool CContactLocalManager::MyClearContactList()
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
         pos = MyEraseContact(pos);
     }
+    m_nBlackCount = 0;  // whatever it was
     return m_listContact.size() == 0;
 }
 

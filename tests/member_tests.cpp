@@ -19,7 +19,9 @@ TEST_F(MemberTest, GroupsBehindThePublicCalls)
     EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Family 2", "Work 3"}));
     EXPECT_EQ(directory.AddContactById(2, ContactRow("Anna")), 0);
     ExpectDone(1, {}, [&] { return directory.MyUpdateAllContactGroupId(2, 2); });
+    directory.m_nBlackCount = 7;  // wrong on purpose
     EXPECT_TRUE(directory.MyClearContactList() && directory.MyClearGroupList());
+    EXPECT_EQ(directory.m_nBlackCount, 0);
     EXPECT_EQ(directory.MyCreateDefaultGroup(), 1);
     EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1"}));
     EXPECT_EQ(directory.m_pIdGenerator->GenId(), 2);
