@@ -23,6 +23,7 @@ install(TARGETS ${INSTALLED_LIBRARIES} EXPORT nsdirectory-targets
 install(FILES
   directory/contact_local_manager.h
   directory/contact_records.h
+  directory/data_files.h
   directory/export.h
   directory/id_generator.h
   directory/string_convert.h
@@ -45,6 +46,9 @@ install(EXPORT nsdirectory-targets NAMESPACE nsdirectory::
 # For pkg-config. The files find the prefix from where they lie themselves.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
   BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}/${PKGCONFIG_DIR} OUTPUT_VARIABLE PREFIX_FROM_PKGCONFIG)
+if(NSDIRECTORY_DATA_DIR)
+  set(DATA_DIR_CFLAG " -DNSDIRECTORY_DATA_DIR='\"${NSDIRECTORY_DATA_DIR}\"'")
+endif()
 foreach(name nsdirectory nsdirectory-platform-host)
   configure_file(cmake/${name}.pc.in ${GENERATED_DIR}/${name}.pc @ONLY)
   install(FILES ${GENERATED_DIR}/${name}.pc DESTINATION ${PKGCONFIG_DIR} COMPONENT development)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 #include "directory/internal/contact_element.h"
 #include "directory/internal/contact_limits.h"
 #include "directory/internal/group_links.h"

@@ -1,6 +1,7 @@
 // The whole directory in one file, for people and other devices. Nothing here is ever read back.
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 #include "directory/internal/contact_element.h"
 #include "directory/internal/group_element.h"
 #include "directory/internal/group_links.h"
@@ -23,8 +24,7 @@ int CContactLocalManager::ExportContactAndGroup(qz::basic_string<char> strPath)
         AppendExportedContact(file, contacts, item, GroupNameById(m_listGroup, item.m_nGroupId));
     }
     if (strPath.empty()) {
-        strPath.append(DATA_DIR);
-        strPath.append(EXPORT_FILE_NAME);
+        strPath = EXPORT_FILE_PATH;
     }
     file.Save(strPath.c_str());
     return DIR_RET_OK;

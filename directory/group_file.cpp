@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 #include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_element.h"
 #include "directory/internal/xml_file.h"

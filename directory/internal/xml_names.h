@@ -1,19 +1,10 @@
-// The names that what writes a file and what reads it must share, each once: files, elements,
-// attributes, the fixed groups.
+// The names that what writes a file and what reads it must share, each once: elements,
+// attributes, the fixed groups. The files themselves are named in directory/data_files.h.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 
 namespace NS_DIRECTORY {
-
-// NSDIRECTORY_DATA_DIR comes from the build and ends in a slash.
-inline constexpr char DATA_DIR[] = NSDIRECTORY_DATA_DIR;
-static_assert(DATA_DIR[sizeof(DATA_DIR) - 2] == '/', "file names follow at once");
-inline constexpr char EXPORT_FILE_NAME[] = "contact_xported.xml";
-inline constexpr char GROUP_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_group_list.xml";
-inline constexpr char CONTACT_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_list.xml";
-inline constexpr const char* GROUP_FILE_NAME = GROUP_FILE_PATH + sizeof(DATA_DIR) - 1;
-inline constexpr const char* CONTACT_FILE_NAME = CONTACT_FILE_PATH + sizeof(DATA_DIR) - 1;
 
 inline constexpr char NAME_ALL_CONTACTS[] = "All Contacts";
 inline constexpr char NAME_BLACKLIST[] = "Blacklist";

@@ -16,6 +16,7 @@
 #include "desk_phone/line_reader.h"
 #include "desk_phone/screen.h"
 #include "desk_phone/text_width.h"
+#include "directory/data_files.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ using NS_DIRECTORY::CContactLocalManager;
 // The library works on a folder relative to the working directory, and does not make it.
 void EnterFolder(const std::string& strFolder)
 {
-    std::filesystem::create_directories(std::filesystem::path(strFolder) / NSDIRECTORY_DATA_DIR);
+    std::filesystem::create_directories(std::filesystem::path(strFolder) / NS_DIRECTORY::DATA_DIR);
     std::filesystem::current_path(strFolder);
 }
 

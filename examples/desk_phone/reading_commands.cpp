@@ -11,6 +11,7 @@
 #include "desk_phone/phone.h"
 #include "desk_phone/results.h"
 #include "desk_phone/screen.h"
+#include "directory/data_files.h"
 #include "platform/device_services.h"
 
 namespace desk_phone {
@@ -25,8 +26,7 @@ using NS_DIRECTORY::ContactGroupSimpleListData;
 
 constexpr int PAGE = 10;
 constexpr int FILE_LINES = 5;
-constexpr const char* FILES[] = {NSDIRECTORY_DATA_DIR "contact_group_list.xml",
-                                 NSDIRECTORY_DATA_DIR "contact_list.xml"};
+constexpr const char* FILES[] = {NS_DIRECTORY::GROUP_FILE_PATH, NS_DIRECTORY::CONTACT_FILE_PATH};
 
 std::string Counted(int nCount, const std::string& strOne)
 {
@@ -183,8 +183,7 @@ void Show(PhoneData& phone, const Words& words)
 void Export(PhoneData& phone, const Words& words)
 {
     const int nResult = phone.m_directory.ExportContactAndGroup(ToText(words[1]));
-    const std::string strPath =
-        words[1].empty() ? NSDIRECTORY_DATA_DIR "contact_xported.xml" : words[1];
+    const std::string strPath = words[1].empty() ? NS_DIRECTORY::EXPORT_FILE_PATH : words[1];
     // The result does not tell whether the file could be written.
     const bool bThere = ZMK_MiscHelper::pathFileExist(strPath.c_str()) != 0;
     PrintResult(

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 
 using namespace NS_DIRECTORY;
 
@@ -47,7 +48,7 @@ int Show(const CContactLocalManager& directory, int nFrom)
 
 int main()
 {
-    std::filesystem::create_directories(NSDIRECTORY_DATA_DIR);
+    std::filesystem::create_directories(NS_DIRECTORY::DATA_DIR);
     CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
     if (pDirectory == nullptr) {
         return 1;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 
 using namespace NS_DIRECTORY;
 
@@ -147,7 +148,7 @@ void ImportAll(CContactLocalManager& directory)
 
 int main()
 {
-    std::filesystem::create_directories(NSDIRECTORY_DATA_DIR);
+    std::filesystem::create_directories(NS_DIRECTORY::DATA_DIR);
     CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
     if (pDirectory == nullptr) {
         return 1;

@@ -5,13 +5,14 @@
 #include <filesystem>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 
 using NS_DIRECTORY::CContactLocalManager;
 
 int main(int nArguments, char** pArguments)
 {
     // The host makes the folder; the library makes the group file in it.
-    std::filesystem::create_directories(NSDIRECTORY_DATA_DIR);
+    std::filesystem::create_directories(NS_DIRECTORY::DATA_DIR);
 
     CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
     if (pDirectory == nullptr) {

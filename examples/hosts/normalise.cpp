@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "directory/contact_local_manager.h"
+#include "directory/data_files.h"
 
 using namespace NS_DIRECTORY;
 
@@ -70,7 +71,7 @@ void Ask(const CContactLocalManager& directory, const char* pNumber)
 
 int main()
 {
-    std::filesystem::create_directories(NSDIRECTORY_DATA_DIR);
+    std::filesystem::create_directories(NS_DIRECTORY::DATA_DIR);
     CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
     if (pDirectory == nullptr) {
         return 1;

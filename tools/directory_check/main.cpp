@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "directory/internal/xml_names.h"
+#include "directory/data_files.h"
 #include "tools/directory_check/device_services.h"
 #include "tools/directory_check/directory_check.h"
 #include "tools/directory_check/report.h"
