@@ -3,6 +3,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <new>
 
@@ -32,6 +33,17 @@ void* Noted(void* pBlock)
     return pBlock;
 }
 
+bool Refuses(size_t nSize)
+{
+    const bool bUsedUp = g_heap.m_nLeft <= 0 && !(g_heap.m_bRefusesOnlyOne && g_heap.m_nLeft < 0);
+    --g_heap.m_nLeft;
+    if (!bUsedUp && nSize <= g_heap.m_nLargest) {
+        return false;
+    }
+    errno = ENOMEM;
+    return true;
+}
+
 void NoteGone(void* pBlock)
 {
     if (pBlock != nullptr) {
@@ -52,7 +64,7 @@ void __libc_free(void* block);
 
 void* malloc(size_t size)
 {
-    return size > g_heap.m_nLargest ? nullptr : Noted(__libc_malloc(size));
+    return Refuses(size) ? nullptr : Noted(__libc_malloc(size));
 }
 
 void* calloc(size_t count, size_t size)

@@ -4,6 +4,7 @@
 #ifndef NSDIRECTORY_BENCH_HEAP_COUNT_H
 #define NSDIRECTORY_BENCH_HEAP_COUNT_H
 
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 
@@ -14,6 +15,9 @@ struct HeapCount
     long m_nBytes = 0;   // in use, as the allocator rounds them
     long m_nPeakBytes = 0;
     std::size_t m_nLargest = SIZE_MAX;  // malloc gives no block above this
+    // How many more blocks malloc gives. After that it refuses one, or all of them.
+    long m_nLeft = LONG_MAX;
+    bool m_bRefusesOnlyOne = false;
 };
 
 extern HeapCount g_heap;

@@ -29,8 +29,9 @@ bool Assign(int& nField, int nNew)
 int CContactLocalManager::AddContact(const qz::basic_string<char>& strGroupName,
                                      const ContactGeneralItemData& data)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     const int nGroupId = MyGName2Id(strGroupName);
     return nGroupId < 0 ? DIR_RET_GROUP_NOT_FOUND : AddContactById(nGroupId, data);
@@ -43,8 +44,9 @@ int CContactLocalManager::AddBlackContact(const ContactGeneralItemData& data)
 
 int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemData& data)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     if (MyFindGroupById(nGroupId) == nullptr) {
         return DIR_RET_GROUP_ID_FAIL;
@@ -83,8 +85,9 @@ int CContactLocalManager::MyCGID2ID(ItemData* pItem, int nGroupId,
 int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strName,
                                             const ContactGeneralItemData& data)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     if (strName.empty()) {  // a search would only say that it is not found
         return DIR_RET_EMPTY_KEY;

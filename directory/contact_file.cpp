@@ -12,18 +12,36 @@
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
+namespace {
+
+void ReadContactFile(CXmlInput& file)
+{
+    if (ZMK_MiscHelper::pathFileExist(CONTACT_FILE_PATH) != 0) {
+        file.Read(CONTACT_FILE_PATH, ELEMENT_ROOT_CONTACT);
+    }
+}
+
+}  // namespace
 
 int CContactLocalManager::MyLoadContactFromXmlFile(const qz::basic_string<char>& strFileName)
 {
     (void)strFileName;  // the path is fixed
-    return MyFillContactList(MyContactLimits());
+    CXmlInput file;
+    ReadContactFile(file);
+    return MyFillContactList(file, MyContactLimits());
 }
 
 int CContactLocalManager::ReloadContactXml()
 {
     const ContactLimits limits = MyContactLimitsForReload();
+    CXmlInput file;
+    ReadContactFile(file);
+    if (file.IsOutOfMemory()) {
+        MySetContactUnread(true, limits);
+        return DIR_RET_NONE;  // the list stays: part of the file is less
+    }
     (void)MyClearContactList();  // always true: it takes every entry
-    return MyFillContactList(limits);
+    return MyFillContactList(file, limits);
 }
 
 ContactLimits CContactLocalManager::MyContactLimits() const
@@ -42,30 +60,28 @@ ContactLimits CContactLocalManager::MyContactLimitsForReload() const
             ++nBlackHeld;
         }
     }
-    return {std::max(m_nMaxContactCount, GetCurrentContactCount()),
-            std::max(m_nMaxBlackCount, nBlackHeld)};
+    return {std::max({m_nMaxContactCount, GetCurrentContactCount(), m_nContactRoom}),
+            std::max({m_nMaxBlackCount, nBlackHeld, m_nBlackRoom})};
 }
 
-int CContactLocalManager::MyFillContactList(const ContactLimits& limits)
+int CContactLocalManager::MyFillContactList(const CXmlInput& file, const ContactLimits& limits)
 {
-    if (ZMK_MiscHelper::pathFileExist(CONTACT_FILE_PATH) == 0) {
-        return DIR_RET_NONE;
-    }
-    const CXmlInput file(CONTACT_FILE_PATH, ELEMENT_ROOT_CONTACT);
-    if (!file.HasRoot()) {
-        return DIR_RET_NONE;
-    }
     const ContactLimits room = m_listGroup.size() == 0 ? LimitsWithoutGroups(limits) : limits;
-    int nResult = DIR_RET_OK;
+    bool bMemory = !file.IsOutOfMemory();
+    int nResult = file.HasRoot() ? DIR_RET_OK : DIR_RET_NONE;
     for (pugi::xml_node element : file.Root().children(ELEMENT_CONTACT)) {
         ItemData item;
         const qz::basic_string<char> strGroupName(ReadContactElement(element, item));
         ResolveGroup(m_listGroup, strGroupName, m_bKeepGroupNames, item);
-        if (MyInsertLoadedContact(room, item) < 0) {
+        const int nInserted = MyInsertLoadedContact(room, item);
+        bMemory = bMemory && nInserted != DIR_RET_NO_MEMORY;
+        if (nInserted < 0) {
             nResult = DIR_RET_NONE;
         }
     }
-    return nResult;
+    m_bContactUnsaved = false;
+    MySetContactUnread(!bMemory, limits);
+    return bMemory ? nResult : DIR_RET_NONE;
 }
 
 // For the contacts in memory when a reload is about to lose the group list.
@@ -106,7 +122,7 @@ int CContactLocalManager::SaveContactToXml()
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
         AppendContactElement(file, root, *pos->value, MyGroupNameForFile(*pos->value));
     }
-    file.Save(CONTACT_FILE_PATH);
+    m_bContactUnsaved = !file.Save(CONTACT_FILE_PATH);
     MySetContactDirty(false);  // whatever became of the write
     return DIR_RET_OK;
 }

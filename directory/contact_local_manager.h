@@ -16,9 +16,19 @@
 // and RemoveGroup read both files back once they are written: what a failed write has left of a
 // file is then all that is left in memory too.
 //
+// Memory. If memory runs short while a file is read, the lists may hold only a part of it, and
+// questions are answered from that part. If it runs short while a file is saved, the file stays as
+// it was. Every mutator first makes up for both: it reads or saves the file again, and if there is
+// still no memory it refuses with DIR_RET_NO_MEMORY, after DIR_RET_RELOADING and before all other
+// refusals, RemoveAllContacts() too. Black2Local() and Local2Black() test it first of all. Room in
+// a text or a list is another matter: without it the process ends by abort(), with both files as
+// they were before or after the last write.
+//
 // Names are keys and are compared byte for byte, except that no two contacts, and no two user
-// groups, may have names that strcasecmp finds equal. Set the locale before the first
-// GetInstance() and leave it: both lists are ordered by strcasecmp.
+// groups, may have names that strcasecmp finds equal. So the locale decides which names are equal
+// and how both lists are ordered. LC_CTYPE must be set before the first GetInstance() and be the
+// same at every start: "C.UTF-8", whatever language the screens speak. Files that were stored under
+// one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names, elsewhere one.
 //
 // Group ids from 2 up are given afresh by every load of the group file. AddGroup, a new name
 // through UpdateGroupData, RemoveGroup and ReloadGroupXml renumber the groups: an id from before
@@ -363,7 +373,8 @@ class NSDIRECTORY_API CContactLocalManager
 
     // Writes groups and contacts into one file at the path, over what is there; an empty path
     // means contact_xported.xml in the data folder. Always 1. The two files stay as they
-    // are, unless the path is one of theirs.
+    // are, unless the path is one of theirs. If the path is a pipe whose reader has left, SIGPIPE
+    // ends the process, unless the host ignores that signal.
     int ExportContactAndGroup(qz::basic_string<char> strPath);
 
   private:
@@ -394,7 +405,7 @@ class NSDIRECTORY_API CContactLocalManager
 
     // Group file: group_file.cpp.
     int MyCreateDefaultGroup();
-    void MyInsertFixedGroups(int nLimit);
+    bool MyInsertFixedGroups(int nLimit);  // false: there was no memory for one
     int MyLoadGroupFromXmlFile(const qz::basic_string<char>& strFileName);
     void MyEnsureGroupFile();
     int MyFillGroupList(const CXmlInput& file, int nLimit);
@@ -436,11 +447,18 @@ class NSDIRECTORY_API CContactLocalManager
     // Contact file: contact_file.cpp.
     void MySetContactDirty(bool bDirty);
     int MyLoadContactFromXmlFile(const qz::basic_string<char>& strFileName);
-    int MyFillContactList(const ContactLimits& limits);
+    int MyFillContactList(const CXmlInput& file, const ContactLimits& limits);
     ContactLimits MyContactLimits() const;
     ContactLimits MyContactLimitsForReload() const;
     void MyKeepGroupNames();
     const char* MyGroupNameForFile(const ItemData& item) const;
+
+    // Memory shortage: memory_shortage.cpp. Both: DIR_RET_OK, or what refuses a change now,
+    // DIR_RET_RELOADING or DIR_RET_NO_MEMORY.
+    int MyTestChange();
+    int MyCatchUp();
+    void MySetGroupUnread(bool bUnread, int nRoom);
+    void MySetContactUnread(bool bUnread, const ContactLimits& room);
 
     // Contact entry: contact_entry.cpp.
     int MyCGID2ID(ItemData* pItem, int nGroupId, const ContactGeneralItemData& data,
@@ -477,6 +495,18 @@ class NSDIRECTORY_API CContactLocalManager
     bool m_bContactDirty = false;
 
     bool m_bReloadByHttp = false;
+
+    // What a shortage of memory has left undone. A file is unread if the list may hold a part of it
+    // only, or, for the contacts, if their groups are unread; it is unsaved if it is behind the
+    // list. No save happens while its file is unread, no edit reloads while a file is unsaved.
+    bool m_bGroupUnread = false;
+    bool m_bContactUnread = false;
+    bool m_bGroupUnsaved = false;
+    bool m_bContactUnsaved = false;
+    // The room of the read that failed, which the next read has at least; 0 if none has failed.
+    int m_nGroupRoom = 0;
+    int m_nContactRoom = 0;
+    int m_nBlackRoom = 0;
 
     // True once this instance has stood with an empty group list: from then on contacts keep the
     // names of missing groups.

@@ -35,8 +35,9 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
 int CContactLocalManager::MoveListToGroup(QZList<qz::basic_string<char>>& listName,
                                           const qz::basic_string<char>& strGroupName)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     const int nTest = IsListCanMove(listName, strGroupName);
     if (nTest != DIR_RET_OK_ZERO) {
@@ -60,8 +61,9 @@ int CContactLocalManager::MoveListToGroup(QZList<qz::basic_string<char>>& listNa
 int CContactLocalManager::MoveContactToGroup(const qz::basic_string<char>& strName,
                                              const qz::basic_string<char>& strGroupName)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     QZList<qz::basic_string<char>> listName;
     listName.push_back(strName);
@@ -79,8 +81,9 @@ int CContactLocalManager::MoveContactToGroup(const qz::basic_string<char>& strNa
 
 int CContactLocalManager::SetContactGroupId(const qz::basic_string<char>& strName, int nGroupId)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     ItemData* pItem = MyFindContact(strName);
     if (pItem == nullptr) {  // before the group, as in UpdateContactData
@@ -98,6 +101,9 @@ int CContactLocalManager::SetContactGroupId(const qz::basic_string<char>& strNam
 // No limit on the way out: a number is never kept blocked for want of a slot.
 int CContactLocalManager::Black2Local(const qz::basic_string<char>& strName)
 {
+    if (MyCatchUp() < 0) {
+        return DIR_RET_NO_MEMORY;
+    }
     if (GetContactGroupId(strName) != GROUP_ID_BLACKLIST) {
         return DIR_RET_NOT_BLACK;
     }
@@ -106,6 +112,9 @@ int CContactLocalManager::Black2Local(const qz::basic_string<char>& strName)
 
 int CContactLocalManager::Local2Black(const qz::basic_string<char>& strName)
 {
+    if (MyCatchUp() < 0) {
+        return DIR_RET_NO_MEMORY;
+    }
     // Equal, not at or above, and ahead of all else: a count that other roads have brought above
     // the limit stops nothing here.
     if (m_nBlackCount == m_nMaxBlackCount) {

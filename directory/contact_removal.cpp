@@ -8,8 +8,9 @@ namespace NS_DIRECTORY {
 
 int CContactLocalManager::RemoveContact(const qz::basic_string<char>& strName)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     // An empty name is compared like any other: this is the way to be rid of a nameless contact.
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
@@ -24,8 +25,9 @@ int CContactLocalManager::RemoveContact(const qz::basic_string<char>& strName)
 
 int CContactLocalManager::RemoveContactList(const QZList<qz::basic_string<char>>& listName)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     CNameList names(listName);
     bool bRemoved = false;
@@ -48,6 +50,9 @@ int CContactLocalManager::RemoveAllContacts(int nGroupId)
 {
     if (m_bReloadByHttp) {
         return DIR_RET_NONE;  // the one operation that refuses so, and hosts know it
+    }
+    if (MyCatchUp() < 0) {
+        return DIR_RET_NO_MEMORY;
     }
     bool bRemoved = false;
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {

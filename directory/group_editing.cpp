@@ -8,8 +8,9 @@ namespace NS_DIRECTORY {
 
 int CContactLocalManager::AddGroup(const ContactGroupData& data)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     return MyAddGroup(data, GROUP_ID_NONE);
 }
@@ -37,9 +38,14 @@ int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
     if (MyCGD2GD(&group, nId, data) == DIR_RET_NONE) {
         return DIR_RET_INVALID;
     }
-    const int nPosition = MyInsertGroup(group, true);
+    int nPosition = MyInsertGroup(group, true);
     if (nPosition < 0) {
         return nPosition;
+    }
+    if (m_bGroupUnsaved) {  // the reload would find it in no file
+        (void)MyEraseGroup(MyFindGroupPosition(data.m_strDisplayName, nPosition));
+        m_bGroupUnsaved = false;
+        return DIR_RET_NO_MEMORY;
     }
     MyReloadAfterEdit();
     return nPosition;
@@ -60,6 +66,10 @@ int CContactLocalManager::MyCGD2GD(GroupData* pGroup, int nId, const ContactGrou
 // Groups first: contacts find their group by its name.
 void CContactLocalManager::MyReloadAfterEdit()
 {
+    if (m_bGroupUnsaved || m_bContactUnsaved) {  // memory is all there is; the next edit reloads
+        MySetGroupUnread(true, GetCurrentGroupCount());
+        return;
+    }
     (void)ReloadGroupXml();  // the edit is made, whatever the files give back
     (void)ReloadContactXml();
 }
@@ -67,8 +77,9 @@ void CContactLocalManager::MyReloadAfterEdit()
 int CContactLocalManager::UpdateGroupData(const qz::basic_string<char>& strName,
                                           const ContactGroupData& data)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     if (strName.empty()) {
         return DIR_RET_INVALID;
@@ -108,16 +119,23 @@ int CContactLocalManager::MyRenameGroup(GroupIterator pos, const ContactGroupDat
     if (nTest < 0) {
         return nTest;
     }
-    // The contact file gets the new name while a group still bears it with this id: the contacts
-    // are about to be read back by name.
-    pGroup->m_strDisplayName = data.m_strDisplayName;
-    MySetContactDirty(true);
-    // The record moves to its new place as it is: there may be no memory for another.
-    (void)m_listGroup.erase(pos);
+    // All memory of the edit itself is taken before the first write: if a container ends the
+    // process, both files are as before.
+    const GroupData before(*pGroup);
+    const GroupIterator posNext = m_listGroup.erase(pos);
     (void)MyCGD2GD(pGroup, pGroup->m_nId, data);  // the id of a stored group is never negative
     // It has a place: the test has looked for it among the same groups.
     const GroupPlace place = FindGroupPlace(m_listGroup, *pGroup, m_nMaxGroupCount, nullptr);
     m_listGroup.insert(place.m_itPlace, pGroup);
+    // The contact file gets the new name first: the contacts are about to be read back by it.
+    MySetContactDirty(true);
+    if (m_bContactUnsaved) {  // the file with the old name would cost them their group
+        *pGroup = before;
+        (void)m_listGroup.erase(place.m_itPlace->prev);
+        m_listGroup.insert(posNext, pGroup);
+        m_bContactUnsaved = false;
+        return DIR_RET_NO_MEMORY;
+    }
     MySetGroupDirty(true);
     MyReloadAfterEdit();
     return place.m_nResult;
@@ -152,8 +170,9 @@ int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGrou
 
 int CContactLocalManager::RemoveGroup(const qz::basic_string<char>& strName)
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     int nPosition = 0;
     const GroupIterator pos = MyFindGroupPosition(strName, nPosition);
@@ -174,8 +193,9 @@ int CContactLocalManager::RemoveGroup(const qz::basic_string<char>& strName)
 
 int CContactLocalManager::RemoveAllGroup()
 {
-    if (m_bReloadByHttp) {
-        return DIR_RET_RELOADING;
+    const int nChange = MyTestChange();
+    if (nChange < 0) {
+        return nChange;
     }
     bool bRemoved = false;
     for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end();) {

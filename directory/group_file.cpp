@@ -23,25 +23,28 @@ int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& s
 {
     CXmlOutput file;
     (void)AppendDefaultGroups(file);
-    file.Save(strPath.c_str());
+    (void)file.Save(strPath.c_str());  // nothing is reported
     return DIR_RET_OK;
 }
 
 int CContactLocalManager::MyCreateDefaultGroup()
 {
-    MyInsertFixedGroups(m_nMaxGroupCount);
+    (void)MyInsertFixedGroups(m_nMaxGroupCount);
     return DIR_RET_OK;
 }
 
-void CContactLocalManager::MyInsertFixedGroups(int nLimit)
+bool CContactLocalManager::MyInsertFixedGroups(int nLimit)
 {
+    bool bMemory = true;
     for (const FixedGroup& fixed : FIXED_GROUPS) {
         // A list that has it already keeps it.
-        (void)MyInsertGroupWithin(nLimit, MakeFixedGroup(fixed), false);
+        const int nInserted = MyInsertGroupWithin(nLimit, MakeFixedGroup(fixed), false);
+        bMemory = bMemory && nInserted != DIR_RET_NO_MEMORY;
     }
     if (m_pIdGenerator != nullptr) {
         (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);
     }
+    return bMemory;
 }
 
 void CContactLocalManager::MyEnsureGroupFile()
@@ -64,6 +67,10 @@ int CContactLocalManager::ReloadGroupXml()
     const int nLimit = MyGroupLimitForReload();
     MyEnsureGroupFile();
     const CXmlInput file(GROUP_FILE_PATH, ELEMENT_ROOT_GROUP);
+    if (file.IsOutOfMemory()) {
+        MySetGroupUnread(true, nLimit);
+        return DIR_RET_NONE;  // the list stays: part of the file is less
+    }
     if (!file.HasRoot()) {
         MyKeepGroupNames();  // the list that knows them is about to go
     }
@@ -80,16 +87,19 @@ int CContactLocalManager::MyGroupLimitForReload() const
             ++nHeld;
         }
     }
-    return std::max(m_nMaxGroupCount, nHeld);
+    return std::max({m_nMaxGroupCount, nHeld, m_nGroupRoom});
 }
 
 int CContactLocalManager::MyFillGroupList(const CXmlInput& file, int nLimit)
 {
+    m_bGroupUnsaved = false;
     if (!file.HasRoot()) {
-        m_bKeepGroupNames = true;
+        MySetGroupUnread(file.IsOutOfMemory(), nLimit);
+        m_bKeepGroupNames = m_bKeepGroupNames || !m_bGroupUnread;
         return DIR_RET_NONE;
     }
-    MyInsertFixedGroups(INT_MAX);  // without them the directory could hold no contact
+    // Without the fixed groups the directory could hold no contact.
+    bool bMemory = MyInsertFixedGroups(INT_MAX) && !file.IsOutOfMemory();
     int nResult = DIR_RET_OK;
     int nNextId = FIRST_USER_GROUP_ID;
     for (pugi::xml_node element : file.Root().children(ELEMENT_GROUP)) {
@@ -98,11 +108,14 @@ int CContactLocalManager::MyFillGroupList(const CXmlInput& file, int nLimit)
             continue;
         }
         group.m_nId = nNextId++;  // a refused element uses up its id
-        if (MyInsertGroupWithin(nLimit, group, false) < 0) {
+        const int nInserted = MyInsertGroupWithin(nLimit, group, false);
+        bMemory = bMemory && nInserted != DIR_RET_NO_MEMORY;
+        if (nInserted < 0) {
             nResult = DIR_RET_NONE;
         }
     }
-    return nResult;
+    MySetGroupUnread(!bMemory, nLimit);
+    return bMemory ? nResult : DIR_RET_NONE;
 }
 
 void CContactLocalManager::MySetGroupDirty(bool bDirty)
@@ -129,7 +142,7 @@ int CContactLocalManager::SaveGroupToXml()
             file, root,
             {group.m_strDisplayName.c_str(), group.m_strRing.c_str(), group.m_bReadOnly});
     }
-    file.Save(GROUP_FILE_PATH);
+    m_bGroupUnsaved = !file.Save(GROUP_FILE_PATH);
     MySetGroupDirty(false);  // whatever became of the write
     return DIR_RET_OK;
 }

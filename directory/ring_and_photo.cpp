@@ -41,6 +41,9 @@ int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
     if (pPhoto == nullptr) {
         return DIR_RET_NULL_ARGUMENT;
     }
+    if (MyCatchUp() < 0) {  // MyTestChange would refuse while the directory takes no changes
+        return DIR_RET_NO_MEMORY;
+    }
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
         ItemData& item = *pos->value;
         if (std::strcmp(item.m_strDefaultPhoto.c_str(), pPhoto) == 0) {

@@ -13,16 +13,21 @@ namespace NS_DIRECTORY {
 class CXmlInput
 {
   public:
-    CXmlInput(const char* pPath, const char* pRootName);
+    CXmlInput() = default;  // as of an absent file
+    CXmlInput(const char* pPath, const char* pRootName) { Read(pPath, pRootName); }
+    void Read(const char* pPath, const char* pRootName);  // once
 
-    pugi::xml_node Root() const { return m_root; }  // null where the file has no such element
+    pugi::xml_node Root() const { return m_root; }  // null if the file has no such element
     bool HasRoot() const { return !m_root.empty(); }
     const pugi::xml_parse_result& Status() const { return m_status; }  // loads do not go by it
+    // True if there was no memory to read all of the file: the document holds any part of it.
+    bool IsOutOfMemory() const { return m_bOutOfMemory; }
 
   private:
     pugi::xml_document m_document;
     pugi::xml_parse_result m_status;
     pugi::xml_node m_root;
+    bool m_bOutOfMemory = false;
 };
 
 // Looks up the attributes of one element by name, each name once; the first of a name counts. It
@@ -54,7 +59,7 @@ class CXmlOutput
     pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName)
     {
         pugi::xml_node element = parent.append_child(pName);
-        // A node without memory for its name is made all the same, without one.
+        // Out of memory, the XML library still adds the node but leaves its name empty.
         MyNote(*element.name() != '\0');
         return element;
     }
@@ -72,8 +77,9 @@ class CXmlOutput
         MyNote(*attribute.name() != '\0' && attribute.set_value(nValue));
     }
 
-    // Rewrites the file in place. Nobody learns whether that worked.
-    void Save(const char* pPath) const;
+    // Rewrites the file in place. False if memory ran short, so that the file still has to be
+    // written; a write that fails for any other reason goes unreported.
+    bool Save(const char* pPath) const;
 
   private:
     void MyNote(bool bGotMemory) { m_bWhole = m_bWhole && bGotMemory; }

@@ -15,6 +15,7 @@ struct FakeDevice
 {
     bool m_bColorful = true;
     int m_nConfigValue = 0;
+    bool m_bTakesNotes = true;                            // which takes memory
     Texts m_listFilesAsked = {}, m_listConfigAsked = {};  // paths; "key level"
 };
 inline FakeDevice g_device;

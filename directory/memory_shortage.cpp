@@ -1,0 +1,54 @@
+// Memory that runs short costs no contact. A file that could not be read whole for lack of memory
+// counts as unread: the list may hold a part of it, which questions are answered from, but which no
+// save may write over the whole file. A document that could not be built leaves its file behind the
+// list, which no reload may take back. Each mutator makes up for both before it changes anything,
+// and refuses if memory is still short.
+
+#include "directory/contact_local_manager.h"
+#include "directory/internal/contact_limits.h"
+
+namespace NS_DIRECTORY {
+
+int CContactLocalManager::MyTestChange()
+{
+    return m_bReloadByHttp ? DIR_RET_RELOADING : MyCatchUp();
+}
+
+int CContactLocalManager::MyCatchUp()
+{
+    // Saves first: what is about to be read must hold what is in memory.
+    if (m_bContactUnsaved) {
+        MySetContactDirty(true);
+    }
+    if (m_bGroupUnsaved) {
+        MySetGroupDirty(true);
+    }
+    if (m_bContactUnsaved || m_bGroupUnsaved) {
+        return DIR_RET_NO_MEMORY;
+    }
+    if (m_bGroupUnread) {
+        (void)ReloadGroupXml();  // the flag tells
+    }
+    if (m_bContactUnread && !m_bGroupUnread) {
+        (void)ReloadContactXml();
+    }
+    return m_bContactUnread ? DIR_RET_NO_MEMORY : DIR_RET_OK;
+}
+
+// Contacts that were read over part of the groups have lost their links, so their file counts as
+// unread too.
+void CContactLocalManager::MySetGroupUnread(bool bUnread, int nRoom)
+{
+    m_bGroupUnread = bUnread;
+    m_nGroupRoom = bUnread ? nRoom : 0;
+    m_bContactUnread = m_bContactUnread || bUnread;
+}
+
+void CContactLocalManager::MySetContactUnread(bool bUnread, const ContactLimits& room)
+{
+    m_bContactUnread = bUnread || m_bGroupUnread;
+    m_nContactRoom = m_bContactUnread ? room.m_nOrdinary : 0;
+    m_nBlackRoom = m_bContactUnread ? room.m_nBlack : 0;
+}
+
+}  // namespace NS_DIRECTORY

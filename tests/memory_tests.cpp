@@ -1,0 +1,206 @@
+// Memory that runs short in the middle of a call, and is there again afterwards. Whatever the call
+// was, the files end with all that they held and with every edit that was not refused.
+
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <map>
+
+#include "bench/heap_count.h"
+#include "tests/support/directory_test.h"
+
+namespace {
+
+using Call = int (*)(Manager& m);
+struct CallRow
+{
+    const char* m_pName;
+    Call m_pCall;
+};
+
+constexpr char LONG[] = "a text that does not fit into a String itself";
+
+// Made before memory runs short, since these take some too.
+const GroupRow ALPHA("Alpha", LONG), RENAMED(LONG, LONG), RUNG("Family", LONG);
+const ContactRow NEW("New", "", LONG), ZOE("Zoe", "Family");
+
+const std::vector<CallRow> CALLS{
+    {"start", [](Manager&) { return Manager::ReleaseInstance(), Manager::GetInstance() ? 1 : -1; }},
+    {"start under low limits",
+     [](Manager&) {
+         Manager::ReleaseInstance();
+         Manager* const p = Manager::GetInstance();
+         return p ? p->SetMaxGroupCount(1) + p->SetMaxContactCount(1) + p->SetMaxBlackCount(0) : -1;
+     }},
+    {"reload", [](Manager& m) { return m.ReloadGroupXml() + m.ReloadContactXml(); }},
+    {"AddGroup", [](Manager& m) { return m.AddGroup(ALPHA); }},
+    {"rename", [](Manager& m) { return m.UpdateGroupData("Family", RENAMED); }},
+    {"ring", [](Manager& m) { return m.UpdateGroupData("Family", RUNG); }},
+    {"RemoveGroup", [](Manager& m) { return m.RemoveGroup("Company"); }},
+    {"RemoveAllGroup", [](Manager& m) { return m.RemoveAllGroup(); }},
+    {"AddContact", [](Manager& m) { return m.AddContact("Family", NEW); }},
+    {"update", [](Manager& m) { return m.UpdateContactData("Ann", ZOE); }},
+    {"RemoveContact", [](Manager& m) { return m.RemoveContact("Ann"); }},
+    {"RemoveAllContacts", [](Manager& m) { return m.RemoveAllContacts(GROUP_ID_BLACKLIST); }},
+    {"move", [](Manager& m) { return m.MoveContactToGroup("Ann", "Company"); }},
+    {"Local2Black", [](Manager& m) { return m.Local2Black("Ann"); }},
+    {"Black2Local", [](Manager& m) { return m.Black2Local("Bob"); }},
+    {"SetDefaultPhoto", [](Manager& m) { return m.SetDefaultPhoto(""); }}};
+// What a host does afterwards.
+const std::vector<Call> LATER{[](Manager& m) { return m.AddGroup(GroupRow("Later")); },
+                              [](Manager& m) { return m.AddBlackContact(ContactRow("Last")); },
+                              [](Manager& m) { return m.RemoveGroup("Club"); }};
+
+class MemoryTest : public DirectoryTest
+{
+  protected:
+    using Results = std::vector<int>;  // of a call and of all later ones
+
+    static void WriteBase()
+    {
+        // One text of a contact fills more than a page of the XML library.
+        const std::string strHuge(40000, 'r');
+        Manager::ReleaseInstance();
+        WriteFile(GROUP_FILE, GroupFile({{"Club"}, {"Company"}, {"Family", LONG}}));
+        WriteFile(CONTACT_FILE, ContactFile({{"Ann", "Family", "1"},
+                                             {"Bob", "Blacklist", "2"},
+                                             {"Carl", "Company", "3", "", "", strHuge},
+                                             {"Dan", "Club", LONG}}));
+    }
+
+    static std::string Files() { return ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE); }
+
+    // The call with nothing to stand in its way, and the later ones, but for those refused.
+    static const std::string& Expected(const CallRow& row, const Results& results)
+    {
+        std::string strKey = row.m_pName;
+        for (const int nResult : results) {
+            strKey += nResult < 0 ? " refused" : " done";
+        }
+        static std::map<std::string, std::string> s_known;
+        std::string& strFiles = s_known[strKey];
+        if (strFiles.empty()) {
+            WriteBase();
+            results[0] < 0 ? 0 : row.m_pCall(Directory());
+            for (std::size_t n = 0; n < LATER.size(); ++n) {
+                results[n + 1] < 0 ? 0 : LATER[n](Directory());
+            }
+            strFiles = Files();
+        }
+        return strFiles;
+    }
+
+    static void CallLater(volatile int* pResults)
+    {
+        for (const Call pCall : LATER) {
+            *pResults++ = Manager::GetInstance() == nullptr ? -1 : pCall(Directory());
+        }
+    }
+
+    // The call in a process of its own, with nBlocks allocations to be had. False once it needs no
+    // more than that.
+    static bool RunShort(const CallRow& row, long nBlocks, bool bOnlyOne)
+    {
+        static auto* const pShared = static_cast<volatile int*>(
+            mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+        volatile int* const pResults = pShared + 1;
+        WriteBase();
+        const pid_t nChild = fork();
+        if (nChild == 0) {
+            Manager& directory = Directory();
+            g_device.m_bTakesNotes = false;
+            g_heap.m_bRefusesOnlyOne = bOnlyOne;
+            g_heap.m_nLeft = nBlocks;
+            const int nResult = row.m_pCall(directory);
+            pShared[0] = g_heap.m_nLeft < 0 ? 1 : 0;
+            g_heap.m_nLeft = LONG_MAX;
+            pResults[0] = nResult;
+            CallLater(pResults + 1);
+            _exit(0);
+        }
+        int nStatus = 0;
+        EXPECT_EQ(waitpid(nChild, &nStatus, 0), nChild);
+        const bool bAborted = WIFSIGNALED(nStatus) && WTERMSIG(nStatus) == SIGABRT;
+        EXPECT_TRUE(bAborted || nStatus == 0) << "status " << nStatus;
+        if (bAborted) {  // a container ended the process; the host is started again
+            CallLater(pResults + 1);
+        }
+        ExpectNothingLost(row, bAborted, Results(pResults, pResults + 1 + LATER.size()));
+        return bAborted || pShared[0] != 0;
+    }
+
+    static void ExpectNothingLost(const CallRow& row, bool bAborted, Results results)
+    {
+        Manager::ReleaseInstance();
+        const std::string strFiles = Files();
+        results[0] = bAborted ? -1 : results[0];
+        bool bAsExpected = strFiles == Expected(row, results);
+        if (bAborted && !bAsExpected) {  // the edit under way may be done
+            results[0] = 1;
+            bAsExpected = strFiles == Expected(row, results);
+        }
+        EXPECT_TRUE(bAsExpected) << strFiles.substr(0, 900);
+    }
+};
+
+TEST_F(MemoryTest, EachAllocationFailsInTurn)
+{
+    if (!IsHeapCounted()) {
+        GTEST_SKIP() << "another allocator is in place";
+    }
+    for (const CallRow& row : CALLS) {
+        for (const bool bOnlyOne : {true, false}) {
+            bool bMore = true;
+            for (long nBlocks = 0; bMore && !HasFailure(); ++nBlocks) {
+                SCOPED_TRACE(Joined(row.m_pName, ": ", bOnlyOne ? "one" : "every",
+                                    " allocation fails after ", nBlocks));
+                bMore = RunShort(row, nBlocks, bOnlyOne);
+            }
+        }
+    }
+}
+
+// A process with little address space starts, adds, adds a group and adds: no contact is lost.
+TEST_F(MemoryTest, ASmallProcessLosesNoContact)
+{
+    if (!IsHeapCounted()) {
+        GTEST_SKIP() << "the sanitizers need much address space";
+    }
+    ContactRows rows;
+    for (int n = 1000; n < 1920; ++n) {
+        rows.emplace_back("c" + std::to_string(n), n % 2 == 0 ? "Family" : "Company", LONG);
+    }
+    std::size_t nPages = 0;
+    std::ifstream("/proc/self/statm") >> nPages;
+    for (std::size_t nStep = 0; nStep < 35; ++nStep) {
+        SCOPED_TRACE(nStep);
+        Manager::ReleaseInstance();
+        WriteFile(GROUP_FILE, GroupFile({{"Company"}, {"Family"}}));
+        WriteFile(CONTACT_FILE, ContactFile(rows));
+        const pid_t nChild = fork();
+        if (nChild == 0) {
+            const rlim_t nLimit = nPages * static_cast<rlim_t>(getpagesize()) + nStep * 64 * 1024;
+            const rlimit limit{nLimit, nLimit};
+            (void)setrlimit(RLIMIT_AS, &limit);
+            if (Manager* const pDirectory = Manager::GetInstance()) {
+                (void)pDirectory->AddContact("Family", ContactRow("Ann"));
+                (void)pDirectory->AddGroup(GroupRow("Club"));
+                (void)pDirectory->AddContact("Family", ContactRow("Bob"));
+            }
+            _exit(0);
+        }
+        EXPECT_EQ(waitpid(nChild, nullptr, 0), nChild);
+        EXPECT_GE(Directory().AddContact("Family", ContactRow("Zoe")), 0);
+        const std::string strFile = ReadFile(CONTACT_FILE);
+        for (const ContactRow& row : rows) {
+            const std::string strElement = ContactRoot(ContactRows{row}, false);
+            const std::string strLine = strElement.substr(strElement.find('\t'), 90);
+            ASSERT_NE(strFile.find(strLine), std::string::npos) << strLine;
+        }
+    }
+}
+
+}  // namespace
