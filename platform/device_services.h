@@ -23,7 +23,8 @@ class ZMK_MiscHelper
     // Non-zero where a file exists at the path. It is asked for the two files of the directory and
     // for the ring of a contact. A wrong zero for the group file has the default groups written
     // over it, and one for the contact file gives an empty list that the next save writes over it.
-    // So a device whose storage is not up yet must not start the directory.
+    // So an answer that cannot be had, for want of memory or after an error of the storage, is not
+    // zero, and a device whose storage is not up yet must not start the directory.
     static int pathFileExist(const char* path);
 };
 

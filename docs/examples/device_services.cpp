@@ -2,15 +2,19 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+
 // This model has a colour screen.
 int IsColorfulScreen()
 {
     return 1;
 }
 
+// Any other error, such as EIO, ENOMEM or EACCES, does not mean that the file is absent.
 int ZMK_MiscHelper::pathFileExist(const char* path)
 {
-    return access(path, F_OK) == 0 ? 1 : 0;
+    const bool bAbsent = access(path, F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
+    return bAbsent ? 0 : 1;
 }
 
 // This model shows the blacklist among the groups.

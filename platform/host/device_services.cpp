@@ -12,70 +12,19 @@
 
 #include "platform/device_services.h"
 
-#include <fcntl.h>
-#include <linux/fb.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdio>
+#include <cerrno>
 #include <cstring>
 #include <pugixml.hpp>
+
+#include "platform/host/screen_colours.h"
 
 namespace {
 
 constexpr char CONFIG_FILE[] = "device_config.xml";
 constexpr char FRAME_BUFFER[] = "/dev/fb0";
 constexpr char FRAME_BUFFER_DEPTH[] = "/sys/class/graphics/fb0/bits_per_pixel";
-
-enum class Answer
-{
-    NO,
-    YES,
-    UNKNOWN
-};
-
-Answer AskFrameBuffer()
-{
-    const int nFile = open(FRAME_BUFFER, O_RDONLY | O_CLOEXEC);
-    if (nFile < 0) {
-        return Answer::UNKNOWN;
-    }
-    fb_var_screeninfo info{};
-    const bool bTold = ioctl(nFile, FBIOGET_VSCREENINFO, &info) == 0;
-    (void)close(nFile);  // it was only read
-    if (!bTold) {
-        return Answer::UNKNOWN;
-    }
-    // Values of grayscale above 1 name a pixel format, and those in use have colours.
-    return info.bits_per_pixel > 1 && info.grayscale != 1 ? Answer::YES : Answer::NO;
-}
-
-// The depth can be read without rights to the device, but tells only black and white from the rest.
-Answer AskFrameBufferDepth()
-{
-    std::FILE* pFile = std::fopen(FRAME_BUFFER_DEPTH, "re");
-    if (pFile == nullptr) {
-        return Answer::UNKNOWN;
-    }
-    int nBits = 0;
-    const bool bTold = std::fscanf(pFile, "%d", &nBits) == 1;
-    (void)std::fclose(pFile);  // it was only read
-    if (!bTold) {
-        return Answer::UNKNOWN;
-    }
-    return nBits > 1 ? Answer::YES : Answer::NO;
-}
-
-// A workstation without a frame buffer shows its windows in colour elsewhere.
-bool FindOutColours()
-{
-    Answer answer = AskFrameBuffer();
-    if (answer == Answer::UNKNOWN) {
-        answer = AskFrameBufferDepth();
-    }
-    return answer != Answer::NO;
-}
 
 const char* LevelName(ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)
 {
@@ -86,14 +35,22 @@ const char* LevelName(ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)
 
 int IsColorfulScreen()
 {
-    static const bool bColours = FindOutColours();
+    static const bool bColours = platform_host::HasColours(FRAME_BUFFER, FRAME_BUFFER_DEPTH);
     return bColours ? 1 : 0;
 }
 
+// A file that is wrongly said to be absent is written over. So every failure but the two that mean
+// "no such file" counts as a file. A folder does not: it cannot be written over, and is no ring.
 int ZMK_MiscHelper::pathFileExist(const char* path)
 {
+    if (path == nullptr) {
+        return 0;
+    }
     struct stat info = {};
-    return path != nullptr && stat(path, &info) == 0 && S_ISREG(info.st_mode) ? 1 : 0;
+    if (stat(path, &info) == 0) {
+        return S_ISDIR(info.st_mode) ? 0 : 1;
+    }
+    return errno == ENOENT || errno == ENOTDIR ? 0 : 1;
 }
 
 int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)

@@ -1,3 +1,7 @@
+// The XML library calls the plain names, which the system's headers would replace here.
+#undef _FILE_OFFSET_BITS
+#undef _TIME_BITS
+
 #include "tests/support/fake_system.h"
 
 #include <dlfcn.h>
