@@ -2,7 +2,7 @@
 // record where it stands, unless the name changes: the name decides the place in the list.
 
 #include "directory/contact_local_manager.h"
-#include "directory/internal/contact_limits.h"
+#include "directory/internal/fixed_groups.h"
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
@@ -34,12 +34,7 @@ int CContactLocalManager::AddContact(const qz::basic_string<char>& strGroupName,
         return nChange;
     }
     const int nGroupId = MyGName2Id(strGroupName);
-    return nGroupId < 0 ? DIR_RET_GROUP_NOT_FOUND : AddContactById(nGroupId, data);
-}
-
-int CContactLocalManager::AddBlackContact(const ContactGeneralItemData& data)
-{
-    return AddContactById(GROUP_ID_BLACKLIST, data);
+    return nGroupId < 0 ? DIR_RET_GROUP_NOT_FOUND : MyAddToGroup(nGroupId, data);
 }
 
 int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemData& data)
@@ -48,14 +43,17 @@ int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemD
     if (nChange < 0) {
         return nChange;
     }
-    if (MyFindGroupById(nGroupId) == nullptr) {
-        return DIR_RET_GROUP_ID_FAIL;
-    }
-    // The insert tests this first too; here it spares a full directory the making of the record.
-    const int nTest = MyTestContactLimit(MyContactLimits(), nGroupId, nullptr);
-    if (nTest < 0) {
-        return nTest;
-    }
+    return MyFindGroupById(nGroupId) == nullptr ? DIR_RET_GROUP_ID_FAIL
+                                                : MyAddToGroup(nGroupId, data);
+}
+
+int CContactLocalManager::AddBlackContact(const ContactGeneralItemData& data)
+{
+    return AddContactById(GROUP_ID_BLACKLIST, data);
+}
+
+int CContactLocalManager::MyAddToGroup(int nGroupId, const ContactGeneralItemData& data)
+{
     ItemData item;
     (void)MyCGID2ID(&item, nGroupId, data, false);  // refuses only ids of no group
     return MyInsertContactNoCheckGroup(item, true);
@@ -89,10 +87,10 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
     if (nChange < 0) {
         return nChange;
     }
-    if (strName.empty()) {  // a search would only say that it is not found
+    if (strName.empty()) {  // before the search, which would only not find it
         return DIR_RET_EMPTY_KEY;
     }
-    // The contact before its group: hosts tell a contact that is gone from a group that is.
+    // The contact before its group: hosts learn first that the contact is gone.
     if (GetContactGroupId(strName) < 0) {
         return DIR_RET_CONTACT_NOT_FOUND;
     }
@@ -101,7 +99,7 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
         return DIR_RET_GROUP_NOT_FOUND;
     }
     const bool bRename = !(strName == data.m_strDisplayName);
-    // A taken name before the limits, other than in an add.
+    // A taken name before the limits, unlike in an add.
     if (bRename && IsContactExist(data.m_strDisplayName)) {
         return DIR_RET_CONTACT_EXIST;
     }
@@ -114,15 +112,15 @@ int CContactLocalManager::UpdateContactData(const qz::basic_string<char>& strNam
     return nUpdated < 0 ? nUpdated : nCounter;
 }
 
-// The contact of that name, which is known to be there, and how many contacts of the group stand
-// up to it.
+// The contact of that name, which is known to exist, and how many contacts of the group the list
+// holds up to it.
 CContactLocalManager::ItemIterator CContactLocalManager::MyFindAndCount(
     const qz::basic_string<char>& strName, int nGroupId, int& nCounter) const
 {
     ItemIterator pos = m_listContact.begin();
     for (;; pos = pos->next) {
         const ItemData& item = *pos->value;
-        if (nGroupId == GROUP_ID_ALL || item.m_nGroupId == nGroupId) {
+        if (IsCountedIn(nGroupId, item)) {
             ++nCounter;
         }
         if (item.m_strDisplayName == strName) {
@@ -136,23 +134,22 @@ int CContactLocalManager::MyRenameContact(ItemIterator pos, int nGroupId,
 {
     ItemData item;
     (void)MyCGID2ID(&item, nGroupId, data, false);  // refuses only ids of no group
-    // A contact that stays where it stood stays on its way home too.
+    // A contact that stays in its group still waits for the missing one.
     if (pos->value->m_nGroupId == nGroupId) {
         item.m_strKeptGroupName = pos->value->m_strKeptGroupName;
     }
-    return MyReplaceContact(pos, item, true);
+    return MyReplaceContact(pos, item);
 }
 
 int CContactLocalManager::MyUpdateInPlace(ItemData& item, int nGroupId,
                                           const ContactGeneralItemData& data)
 {
-    // Only a move across the border of the blacklist needs a slot.
-    const bool bCrosses = item.m_nGroupId != nGroupId &&
-                          (item.m_nGroupId == GROUP_ID_BLACKLIST || nGroupId == GROUP_ID_BLACKLIST);
-    const int nTest =
-        bCrosses ? MyTestContactLimit(MyContactLimits(), nGroupId, nullptr) : DIR_RET_OK;
-    if (nTest < 0) {
-        return nTest;
+    // Between other groups no limit is tested, not even one that the count exceeds.
+    if (CrossesBlacklist(item.m_nGroupId, nGroupId)) {
+        const int nTest = MyTestContactLimit(nGroupId, 1);
+        if (nTest < 0) {
+            return nTest;
+        }
     }
     bool bChanged = Assign(item.m_strOfficeNumber, data.m_strOfficeNumber);
     bChanged = Assign(item.m_strMobileNumber, data.m_strMobileNumber) || bChanged;

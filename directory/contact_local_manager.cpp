@@ -1,23 +1,13 @@
-// Life of the directory: the instance, its start and stop, its limits and its counts.
+// Life of the directory: the instance, its start and stop, and its counts.
 
 #include "directory/contact_local_manager.h"
 
 #include <new>
 
 #include "directory/data_files.h"
-#include "directory/internal/contact_limits.h"
+#include "directory/internal/limits.h"
 
 namespace NS_DIRECTORY {
-namespace {
-
-int Exchange(int& nLimit, int nNew)
-{
-    const int nPrevious = nLimit;
-    nLimit = nNew;
-    return nPrevious;
-}
-
-}  // namespace
 
 CContactLocalManager* CContactLocalManager::m_pInst = nullptr;
 
@@ -93,36 +83,6 @@ bool CContactLocalManager::MyClearGroupList()
         pos = MyEraseGroup(pos);
     }
     return true;
-}
-
-int CContactLocalManager::GetMaxGroupCount() const
-{
-    return m_nMaxGroupCount;
-}
-
-int CContactLocalManager::GetMaxContactCount() const
-{
-    return m_nMaxContactCount;
-}
-
-int CContactLocalManager::GetMaxBlackCount() const
-{
-    return m_nMaxBlackCount;
-}
-
-int CContactLocalManager::SetMaxGroupCount(int nMax)
-{
-    return Exchange(m_nMaxGroupCount, nMax);
-}
-
-int CContactLocalManager::SetMaxContactCount(int nMax)
-{
-    return Exchange(m_nMaxContactCount, nMax);
-}
-
-int CContactLocalManager::SetMaxBlackCount(int nMax)
-{
-    return Exchange(m_nMaxBlackCount, nMax);
 }
 
 int CContactLocalManager::GetCurrentGroupCount() const

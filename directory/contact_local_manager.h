@@ -28,7 +28,8 @@
 // groups, may have names that strcasecmp finds equal. So the locale decides which names are equal
 // and how both lists are ordered. LC_CTYPE must be set before the first GetInstance() and be the
 // same at every start: "C.UTF-8", whatever language the screens speak. Files that were stored under
-// one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names, elsewhere one.
+// one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names, elsewhere
+// one.
 //
 // Group ids from 2 up are given afresh by every load of the group file. AddGroup, a new name
 // through UpdateGroupData, RemoveGroup and ReloadGroupXml renumber the groups: an id from before
@@ -57,8 +58,11 @@
 
 namespace NS_DIRECTORY {
 
+class CNameSet;
 class CXmlInput;
 struct ContactLimits;
+struct ContactPlace;
+struct GroupPlace;
 
 class NSDIRECTORY_API CContactLocalManager
 {
@@ -399,17 +403,17 @@ class NSDIRECTORY_API CContactLocalManager
     GroupData* MyFindGDataByIndex(int nIndex) const;
     // The position of a copy of data, put in its place, or a refusal.
     int MyInsertGroup(const GroupData& data, bool bSave);
-    int MyInsertGroupWithin(int nLimit, const GroupData& data, bool bSave);
+    // Puts a copy there and returns the place's result, or DIR_RET_NO_MEMORY.
+    int MyLinkGroup(const GroupPlace& place, const GroupData& data);
     // Frees the record, then the node, and returns the position behind it.
     GroupIterator MyEraseGroup(GroupIterator pos);
 
     // Group file: group_file.cpp.
     int MyCreateDefaultGroup();
-    bool MyInsertFixedGroups(int nLimit);  // false: there was no memory for one
+    void MyResetGenerator();
     int MyLoadGroupFromXmlFile(const qz::basic_string<char>& strFileName);
     void MyEnsureGroupFile();
     int MyFillGroupList(const CXmlInput& file, int nLimit);
-    int MyGroupLimitForReload() const;
     void MySetGroupDirty(bool bDirty);
 
     // Group editing: group_editing.cpp.
@@ -428,19 +432,17 @@ class NSDIRECTORY_API CContactLocalManager
     // Contact store: contact_store.cpp. The only functions that change m_nBlackCount. Pointers into
     // the list are good until it changes.
     ItemData* MyFindContact(const qz::basic_string<char>& strName) const;
+    // end() if no contact has the name; an empty name is compared like any other.
+    ItemIterator MyFindContactPosition(const qz::basic_string<char>& strName) const;
     int MyGetContactCountByGroupId(int nGroupId) const;
     // Both: what an add returns, or DIR_RET_BLACK_FULL, DIR_RET_CONTACT_FULL,
     // DIR_RET_CONTACT_EXIST or DIR_RET_NO_MEMORY.
     int MyInsertContactNoCheckGroup(const ItemData& data, bool bSave);
     int MyInsertContact(const ItemData& data, bool bSave);
-    // The same for a record that takes the place of the one at posOld, if not null, which counts
-    // for nothing.
-    int MyReplaceContact(ItemIterator posOld, const ItemData& data, bool bSave);
-    // The same for a record that is read from the file; the result tells only whether it is in.
-    int MyInsertLoadedContact(const ContactLimits& limits, const ItemData& data);
-    int MyTestContactLimit(const ContactLimits& limits, int nGroupId, const ItemData* pOld) const;
-    int MyCountOfSide(int nGroupId) const;  // of the blacklist, or of all ordinary contacts
-    int MyLinkContact(ItemIterator pos, const ItemData& data);
+    // The same, with a save, for a record that takes the place of the one at posOld.
+    int MyReplaceContact(ItemIterator posOld, const ItemData& data);
+    // Puts a copy there and returns the place's result, or DIR_RET_NO_MEMORY.
+    int MyLinkContact(const ContactPlace& place, const ItemData& data);
     ItemIterator MyEraseContact(ItemIterator pos);
     bool MyChangeContactGroup(ItemData& item, int nGroupId);  // false: it is there already
 
@@ -448,10 +450,13 @@ class NSDIRECTORY_API CContactLocalManager
     void MySetContactDirty(bool bDirty);
     int MyLoadContactFromXmlFile(const qz::basic_string<char>& strFileName);
     int MyFillContactList(const CXmlInput& file, const ContactLimits& limits);
+
+    // Limits: limits.cpp.
     ContactLimits MyContactLimits() const;
-    ContactLimits MyContactLimitsForReload() const;
-    void MyKeepGroupNames();
-    const char* MyGroupNameForFile(const ItemData& item) const;
+    ContactLimits MyContactLimitsForReload() const;  // what the list holds takes no new slot
+    int MyGroupLimitForReload() const;
+    int MyCountOfSide(int nGroupId) const;  // of the blacklist, or of all ordinary contacts
+    int MyTestContactLimit(int nGroupId, int nNeeded) const;
 
     // Memory shortage: memory_shortage.cpp. Both: DIR_RET_OK, or what refuses a change now,
     // DIR_RET_RELOADING or DIR_RET_NO_MEMORY.
@@ -461,12 +466,16 @@ class NSDIRECTORY_API CContactLocalManager
     void MySetContactUnread(bool bUnread, const ContactLimits& room);
 
     // Contact entry: contact_entry.cpp.
+    int MyAddToGroup(int nGroupId, const ContactGeneralItemData& data);
     int MyCGID2ID(ItemData* pItem, int nGroupId, const ContactGeneralItemData& data,
                   bool bUnused) const;
     ItemIterator MyFindAndCount(const qz::basic_string<char>& strName, int nGroupId,
                                 int& nCounter) const;
     int MyRenameContact(ItemIterator pos, int nGroupId, const ContactGeneralItemData& data);
     int MyUpdateInPlace(ItemData& item, int nGroupId, const ContactGeneralItemData& data);
+
+    // Contact moves: contact_moves.cpp.
+    int MyTestMove(const CNameSet& names, int nTargetId) const;
 
     // Contact reading: contact_reading.cpp.
     int MyID2CGID(ContactGeneralItemData* pData, const ItemData& item) const;

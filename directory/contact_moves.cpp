@@ -1,9 +1,9 @@
 // Moving contacts between groups. Only a move across the border of the blacklist needs a slot. The
-// moves by name count all slots before the first contact moves; the others test no such thing.
+// moves by group name count all slots before the first contact moves; the others test no limit.
 
 #include "directory/contact_local_manager.h"
-#include "directory/internal/contact_limits.h"
-#include "directory/internal/name_list.h"
+#include "directory/internal/fixed_groups.h"
+#include "directory/internal/name_set.h"
 
 namespace NS_DIRECTORY {
 
@@ -13,22 +13,19 @@ int CContactLocalManager::IsListCanMove(QZList<qz::basic_string<char>>& listName
     if (m_bReloadByHttp) {
         return DIR_RET_RELOADING;
     }
-    const int nTargetId = MyGName2Id(strGroupName);
+    return MyTestMove(CNameSet(listName), MyGName2Id(strGroupName));
+}
+
+int CContactLocalManager::MyTestMove(const CNameSet& names, int nTargetId) const
+{
     if (nTargetId < 0) {
         return DIR_RET_GROUP_NOT_FOUND;
     }
-    const bool bToBlack = nTargetId == GROUP_ID_BLACKLIST;
     int nNeeded = 0;
-    CNameList names(listName);
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end() && !names.IsEmpty();
-         pos = pos->next) {
-        const bool bIsBlack = pos->value->m_nGroupId == GROUP_ID_BLACKLIST;
-        if (names.Strike(pos->value->m_strDisplayName) && bIsBlack != bToBlack) {
-            ++nNeeded;
-        }
-    }
-    const int nTest =
-        TestContactLimit(MyContactLimits(), nTargetId, MyCountOfSide(nTargetId), nNeeded);
+    VisitNamed(m_listContact, names, [&nNeeded, nTargetId](ItemIterator pos) {
+        nNeeded += CrossesBlacklist(pos->value->m_nGroupId, nTargetId) ? 1 : 0;
+    });
+    const int nTest = MyTestContactLimit(nTargetId, nNeeded);
     return nTest < 0 ? nTest : DIR_RET_OK_ZERO;
 }
 
@@ -39,19 +36,16 @@ int CContactLocalManager::MoveListToGroup(QZList<qz::basic_string<char>>& listNa
     if (nChange < 0) {
         return nChange;
     }
-    const int nTest = IsListCanMove(listName, strGroupName);
+    const CNameSet names(listName);
+    const int nTargetId = MyGName2Id(strGroupName);
+    const int nTest = MyTestMove(names, nTargetId);
     if (nTest != DIR_RET_OK_ZERO) {
         return nTest;
     }
-    const int nTargetId = MyGName2Id(strGroupName);
-    CNameList names(listName);
     bool bMoved = false;
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end() && !names.IsEmpty();
-         pos = pos->next) {
-        if (names.Strike(pos->value->m_strDisplayName)) {
-            bMoved = MyChangeContactGroup(*pos->value, nTargetId) || bMoved;
-        }
-    }
+    VisitNamed(m_listContact, names, [this, &bMoved, nTargetId](ItemIterator pos) {
+        bMoved = MyChangeContactGroup(*pos->value, nTargetId) || bMoved;
+    });
     if (bMoved) {
         MySetContactDirty(true);
     }
@@ -65,15 +59,20 @@ int CContactLocalManager::MoveContactToGroup(const qz::basic_string<char>& strNa
     if (nChange < 0) {
         return nChange;
     }
-    QZList<qz::basic_string<char>> listName;
-    listName.push_back(strName);
-    const int nTest = IsListCanMove(listName, strGroupName);
-    if (nTest != DIR_RET_OK_ZERO) {
+    const int nTargetId = MyGName2Id(strGroupName);
+    if (nTargetId < 0) {
+        return DIR_RET_GROUP_NOT_FOUND;
+    }
+    const ItemIterator pos = MyFindContactPosition(strName);
+    const bool bExists = pos != m_listContact.end();
+    const bool bCrosses = bExists && CrossesBlacklist(pos->value->m_nGroupId, nTargetId);
+    const int nTest = MyTestContactLimit(nTargetId, bCrosses ? 1 : 0);
+    if (nTest < 0) {
         return nTest;
     }
-    ItemData* pItem = MyFindContact(strName);
-    // A name of no contact is no failure here, unlike in SetContactGroupId.
-    if (pItem != nullptr && MyChangeContactGroup(*pItem, MyGName2Id(strGroupName))) {
+    // A name of no contact is no failure here, unlike in SetContactGroupId. An empty name is tested
+    // like any other, but moves nothing.
+    if (bExists && !strName.empty() && MyChangeContactGroup(*pos->value, nTargetId)) {
         MySetContactDirty(true);
     }
     return DIR_RET_OK_ZERO;
@@ -104,7 +103,7 @@ int CContactLocalManager::Black2Local(const qz::basic_string<char>& strName)
     if (MyCatchUp() < 0) {
         return DIR_RET_NO_MEMORY;
     }
-    if (GetContactGroupId(strName) != GROUP_ID_BLACKLIST) {
+    if (!IsBlack(GetContactGroupId(strName))) {
         return DIR_RET_NOT_BLACK;
     }
     return SetContactGroupId(strName, GROUP_ID_ALL);
@@ -115,12 +114,12 @@ int CContactLocalManager::Local2Black(const qz::basic_string<char>& strName)
     if (MyCatchUp() < 0) {
         return DIR_RET_NO_MEMORY;
     }
-    // Equal, not at or above, and ahead of all else: a count that other roads have brought above
-    // the limit stops nothing here.
+    // Equal, not at or above: a count that other calls have brought above the limit stops nothing
+    // here. Tested even before the name.
     if (m_nBlackCount == m_nMaxBlackCount) {
         return DIR_RET_BLACK_FULL;
     }
-    if (GetContactGroupId(strName) == GROUP_ID_BLACKLIST) {
+    if (IsBlack(GetContactGroupId(strName))) {
         return DIR_RET_ALREADY_BLACK;
     }
     return SetContactGroupId(strName, GROUP_ID_BLACKLIST);

@@ -1,6 +1,7 @@
 // How a contact leaves the directory: by name, or on a page of its group.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/page_window.h"
 #include "platform/device_services.h"
 
@@ -10,7 +11,7 @@ namespace {
 // "All Contacts" lists every group but the blacklist.
 bool IsListedIn(int nListId, int nGroupId)
 {
-    return nListId == GROUP_ID_ALL ? nGroupId != GROUP_ID_BLACKLIST : nGroupId == nListId;
+    return nListId == GROUP_ID_ALL ? !IsBlack(nGroupId) : nGroupId == nListId;
 }
 
 }  // namespace
@@ -58,11 +59,11 @@ int CContactLocalManager::GetContactListById(ContactGeneralItemListData* pList, 
     ContactGeneralItemData scratch;  // its photo fields stay empty on plain screens
     int nTotal = 0;
     // To the end also behind the page, for the total.
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        if (!IsListedIn(nGroupId, pos->value->m_nGroupId)) {
+    for (const ItemData& item : RecordsOf(m_listContact)) {
+        if (!IsListedIn(nGroupId, item.m_nGroupId)) {
             continue;
         }
-        if (window.Holds(nTotal) && MyID2CGID(&scratch, *pos->value) == DIR_RET_OK) {
+        if (window.Holds(nTotal) && MyID2CGID(&scratch, item) == DIR_RET_OK) {
             pList->m_listData.push_back(scratch);
         }
         ++nTotal;

@@ -2,7 +2,8 @@
 // the file is written once.
 
 #include "directory/contact_local_manager.h"
-#include "directory/internal/name_list.h"
+#include "directory/internal/fixed_groups.h"
+#include "directory/internal/name_set.h"
 
 namespace NS_DIRECTORY {
 
@@ -12,15 +13,14 @@ int CContactLocalManager::RemoveContact(const qz::basic_string<char>& strName)
     if (nChange < 0) {
         return nChange;
     }
-    // An empty name is compared like any other: this is the way to be rid of a nameless contact.
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        if (pos->value->m_strDisplayName == strName) {
-            (void)MyEraseContact(pos);
-            MySetContactDirty(true);
-            return DIR_RET_OK;
-        }
+    // An empty name removes the contact without a name: this is the only way to be rid of it.
+    const ItemIterator pos = MyFindContactPosition(strName);
+    if (pos == m_listContact.end()) {
+        return DIR_RET_CONTACT_NOT_FOUND;
     }
-    return DIR_RET_CONTACT_NOT_FOUND;
+    (void)MyEraseContact(pos);
+    MySetContactDirty(true);
+    return DIR_RET_OK;
 }
 
 int CContactLocalManager::RemoveContactList(const QZList<qz::basic_string<char>>& listName)
@@ -29,18 +29,10 @@ int CContactLocalManager::RemoveContactList(const QZList<qz::basic_string<char>>
     if (nChange < 0) {
         return nChange;
     }
-    CNameList names(listName);
-    bool bRemoved = false;
-    for (ItemIterator pos = m_listContact.begin();
-         pos != m_listContact.end() && !names.IsEmpty();) {
-        if (names.Strike(pos->value->m_strDisplayName)) {
-            pos = MyEraseContact(pos);
-            bRemoved = true;
-        } else {
-            pos = pos->next;
-        }
-    }
-    if (bRemoved) {
+    const unsigned int nBefore = m_listContact.size();
+    VisitNamed(m_listContact, CNameSet(listName),
+               [this](ItemIterator pos) { (void)MyEraseContact(pos); });
+    if (m_listContact.size() != nBefore) {
         MySetContactDirty(true);
     }
     return DIR_RET_OK;
@@ -54,16 +46,11 @@ int CContactLocalManager::RemoveAllContacts(int nGroupId)
     if (MyCatchUp() < 0) {
         return DIR_RET_NO_MEMORY;
     }
-    bool bRemoved = false;
+    const unsigned int nBefore = m_listContact.size();
     for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
-        if (nGroupId == GROUP_ID_ALL || pos->value->m_nGroupId == nGroupId) {
-            pos = MyEraseContact(pos);
-            bRemoved = true;
-        } else {
-            pos = pos->next;
-        }
+        pos = IsCountedIn(nGroupId, *pos->value) ? MyEraseContact(pos) : pos->next;
     }
-    if (bRemoved) {
+    if (m_listContact.size() != nBefore) {
         MySetContactDirty(true);
     }
     return DIR_RET_OK;

@@ -4,7 +4,7 @@
 #include <new>
 
 #include "directory/contact_local_manager.h"
-#include "directory/internal/contact_limits.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
@@ -13,14 +13,20 @@ CContactLocalManager::ItemData* CContactLocalManager::MyFindContact(
     const qz::basic_string<char>& strName) const
 {
     if (strName.empty()) {
-        return nullptr;
+        return nullptr;  // one contact may have no name, but lookups do not find it
     }
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        if (pos->value->m_strDisplayName == strName) {
-            return pos->value;
-        }
+    const ItemIterator pos = MyFindContactPosition(strName);
+    return pos == m_listContact.end() ? nullptr : pos->value;
+}
+
+CContactLocalManager::ItemIterator CContactLocalManager::MyFindContactPosition(
+    const qz::basic_string<char>& strName) const
+{
+    ItemIterator pos = m_listContact.begin();
+    while (pos != m_listContact.end() && !(pos->value->m_strDisplayName == strName)) {
+        pos = pos->next;
     }
-    return nullptr;
+    return pos;
 }
 
 int CContactLocalManager::GetContactGroupId(const qz::basic_string<char>& strName) const
@@ -37,8 +43,8 @@ bool CContactLocalManager::IsContactExist(const qz::basic_string<char>& strName)
 int CContactLocalManager::MyGetContactCountByGroupId(int nGroupId) const
 {
     int nCount = 0;
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        if (nGroupId == GROUP_ID_ALL || pos->value->m_nGroupId == nGroupId) {
+    for (const ItemData& item : RecordsOf(m_listContact)) {
+        if (IsCountedIn(nGroupId, item)) {
             ++nCount;
         }
     }
@@ -47,7 +53,16 @@ int CContactLocalManager::MyGetContactCountByGroupId(int nGroupId) const
 
 int CContactLocalManager::MyInsertContactNoCheckGroup(const ItemData& data, bool bSave)
 {
-    return MyReplaceContact(nullptr, data, bSave);
+    // The limit before the names: a full directory is reported even for a name that exists.
+    const int nTest = MyTestContactLimit(data.m_nGroupId, 1);
+    if (nTest < 0) {
+        return nTest;
+    }
+    const int nResult = MyLinkContact(FindContactPlace(m_listContact, data, nullptr), data);
+    if (nResult >= 0 && bSave) {
+        MySetContactDirty(true);
+    }
+    return nResult;
 }
 
 int CContactLocalManager::MyInsertContact(const ItemData& data, bool bSave)
@@ -62,72 +77,41 @@ int CContactLocalManager::MyInsertContact(const ItemData& data, bool bSave)
 
 // The new record goes in before the old one goes out, so that a refusal leaves the old one as it
 // was and where it was.
-int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& data, bool bSave)
+int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& data)
 {
-    const ItemData* pOld = posOld == nullptr ? nullptr : posOld->value;
-    // The limit before the names: a full directory says so also of a name that exists.
-    const int nTest = MyTestContactLimit(MyContactLimits(), data.m_nGroupId, pOld);
+    const ItemData& old = *posOld->value;
+    const int nNeeded = CrossesBlacklist(old.m_nGroupId, data.m_nGroupId) ? 1 : 0;
+    const int nTest = MyTestContactLimit(data.m_nGroupId, nNeeded);
     if (nTest < 0) {
         return nTest;
     }
-    const ContactPlace place = FindContactPlace(m_listContact, data, pOld);
+    const int nResult = MyLinkContact(FindContactPlace(m_listContact, data, &old), data);
+    if (nResult >= 0) {
+        (void)MyEraseContact(posOld);
+        MySetContactDirty(true);
+    }
+    return nResult;
+}
+
+int CContactLocalManager::MyLinkContact(const ContactPlace& place, const ItemData& data)
+{
     if (place.m_nResult < 0) {
         return place.m_nResult;
     }
-    const int nLinked = MyLinkContact(place.m_itPlace, data);
-    if (nLinked < 0) {
-        return nLinked;
-    }
-    if (posOld != nullptr) {
-        (void)MyEraseContact(posOld);
-    }
-    if (bSave) {
-        MySetContactDirty(true);
-    }
-    return place.m_nResult;
-}
-
-int CContactLocalManager::MyInsertLoadedContact(const ContactLimits& limits, const ItemData& data)
-{
-    const int nTest = MyTestContactLimit(limits, data.m_nGroupId, nullptr);
-    if (nTest < 0) {
-        return nTest;
-    }
-    const ContactPlace place = FindContactPlaceFromTail(m_listContact, data);
-    return place.m_nResult < 0 ? place.m_nResult : MyLinkContact(place.m_itPlace, data);
-}
-
-int CContactLocalManager::MyCountOfSide(int nGroupId) const
-{
-    return nGroupId == GROUP_ID_BLACKLIST ? GetCurrentBlackCount() : GetCurrentContactCount();
-}
-
-int CContactLocalManager::MyTestContactLimit(const ContactLimits& limits, int nGroupId,
-                                             const ItemData* pOld) const
-{
-    const bool bBlack = nGroupId == GROUP_ID_BLACKLIST;
-    const bool bOldMakesRoom =
-        pOld != nullptr && (pOld->m_nGroupId == GROUP_ID_BLACKLIST) == bBlack;
-    const int nCount = MyCountOfSide(nGroupId) - (bOldMakesRoom ? 1 : 0);
-    return TestContactLimit(limits, nGroupId, nCount, 1);
-}
-
-int CContactLocalManager::MyLinkContact(ItemIterator pos, const ItemData& data)
-{
     ItemData* pItem = new (std::nothrow) ItemData(data);
     if (pItem == nullptr) {
         return DIR_RET_NO_MEMORY;
     }
-    m_listContact.insert(pos, pItem);
-    if (pItem->m_nGroupId == GROUP_ID_BLACKLIST) {
+    m_listContact.insert(place.m_itPlace, pItem);
+    if (IsBlack(pItem->m_nGroupId)) {
         ++m_nBlackCount;
     }
-    return DIR_RET_OK;
+    return place.m_nResult;
 }
 
 CContactLocalManager::ItemIterator CContactLocalManager::MyEraseContact(ItemIterator pos)
 {
-    if (pos->value->m_nGroupId == GROUP_ID_BLACKLIST) {
+    if (IsBlack(pos->value->m_nGroupId)) {
         --m_nBlackCount;
     }
     delete pos->value;
@@ -139,10 +123,8 @@ bool CContactLocalManager::MyChangeContactGroup(ItemData& item, int nGroupId)
     if (item.m_nGroupId == nGroupId) {
         return false;
     }
-    if (item.m_nGroupId == GROUP_ID_BLACKLIST) {
-        --m_nBlackCount;
-    } else if (nGroupId == GROUP_ID_BLACKLIST) {
-        ++m_nBlackCount;
+    if (CrossesBlacklist(item.m_nGroupId, nGroupId)) {
+        m_nBlackCount += IsBlack(nGroupId) ? 1 : -1;
     }
     item.m_nGroupId = nGroupId;
     item.m_strKeptGroupName.clear();

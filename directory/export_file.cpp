@@ -4,7 +4,7 @@
 #include "directory/data_files.h"
 #include "directory/internal/contact_element.h"
 #include "directory/internal/group_element.h"
-#include "directory/internal/group_links.h"
+#include "directory/internal/group_finders.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
 
@@ -14,19 +14,18 @@ int CContactLocalManager::ExportContactAndGroup(qz::basic_string<char> strPath)
 {
     CXmlOutput file;
     pugi::xml_node groups = file.AppendRoot(ELEMENT_ROOT_GROUP);
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
-        AppendExportedGroup(file, groups, *pos->value);
+    for (const GroupData& group : RecordsOf(m_listGroup)) {
+        AppendExportedGroup(file, groups, group);
     }
     pugi::xml_node contacts = file.AppendRoot(ELEMENT_ROOT_CONTACT);
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        const ItemData& item = *pos->value;
+    for (const ItemData& item : RecordsOf(m_listContact)) {
         // The group in which the contact stands now; a kept name is the contact file's business.
         AppendExportedContact(file, contacts, item, GroupNameById(m_listGroup, item.m_nGroupId));
     }
     if (strPath.empty()) {
         strPath = EXPORT_FILE_PATH;
     }
-    file.Save(strPath.c_str());
+    (void)file.Save(strPath.c_str());  // nothing is reported
     return DIR_RET_OK;
 }
 

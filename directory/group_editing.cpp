@@ -2,6 +2,7 @@
 // that is what gives the groups their ids; each saves first what the reload will take.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
@@ -161,7 +162,7 @@ int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGrou
     }
     // The contacts of a renamed blacklist become ordinary ones, and the next start would drop those
     // that do not fit.
-    const bool bLeavesBlacklist = group.m_nId == GROUP_ID_BLACKLIST && m_nBlackCount > 0;
+    const bool bLeavesBlacklist = IsBlack(group.m_nId) && m_nBlackCount > 0;
     if (bLeavesBlacklist && static_cast<int>(m_listContact.size()) > m_nMaxContactCount) {
         return DIR_RET_CONTACT_FULL;
     }
@@ -218,9 +219,9 @@ int CContactLocalManager::RemoveAllGroup()
 int CContactLocalManager::MyUpdateAllContactGroupId(int nOldId, int nNewId)
 {
     bool bChanged = false;
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        if (pos->value->m_nGroupId == nOldId) {
-            bChanged = MyChangeContactGroup(*pos->value, nNewId);  // all answer alike
+    for (ItemData& item : RecordsOf(m_listContact)) {
+        if (item.m_nGroupId == nOldId) {
+            bChanged = MyChangeContactGroup(item, nNewId);  // all answer alike
         }
     }
     if (bChanged) {

@@ -1,23 +1,16 @@
 // The group file: its default, its load, its save, and the reload that renumbers the groups.
 
-#include <algorithm>
-#include <climits>
-
 #include "directory/contact_local_manager.h"
 #include "directory/data_files.h"
 #include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_element.h"
+#include "directory/internal/group_load.h"
+#include "directory/internal/missing_groups.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
-namespace {
-
-constexpr int LAST_FIXED_GROUP_ID = GROUP_ID_BLACKLIST;
-constexpr int FIRST_USER_GROUP_ID = LAST_FIXED_GROUP_ID + 1;
-
-}  // namespace
 
 int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& strPath)
 {
@@ -29,22 +22,19 @@ int CContactLocalManager::CreateContactGroupList(const qz::basic_string<char>& s
 
 int CContactLocalManager::MyCreateDefaultGroup()
 {
-    (void)MyInsertFixedGroups(m_nMaxGroupCount);
+    for (const FixedGroup& fixed : FIXED_GROUPS) {
+        (void)MyInsertGroup(MakeFixedGroup(fixed), false);  // a list that has it keeps it
+    }
+    MyResetGenerator();
     return DIR_RET_OK;
 }
 
-bool CContactLocalManager::MyInsertFixedGroups(int nLimit)
+// Its next id is that of the first user group.
+void CContactLocalManager::MyResetGenerator()
 {
-    bool bMemory = true;
-    for (const FixedGroup& fixed : FIXED_GROUPS) {
-        // A list that has it already keeps it.
-        const int nInserted = MyInsertGroupWithin(nLimit, MakeFixedGroup(fixed), false);
-        bMemory = bMemory && nInserted != DIR_RET_NO_MEMORY;
-    }
     if (m_pIdGenerator != nullptr) {
-        (void)m_pIdGenerator->SetBegin(LAST_FIXED_GROUP_ID);
+        (void)m_pIdGenerator->SetBegin(FIRST_USER_GROUP_ID - 1);
     }
-    return bMemory;
 }
 
 void CContactLocalManager::MyEnsureGroupFile()
@@ -72,50 +62,37 @@ int CContactLocalManager::ReloadGroupXml()
         return DIR_RET_NONE;  // the list stays: part of the file is less
     }
     if (!file.HasRoot()) {
-        MyKeepGroupNames();  // the list that knows them is about to go
+        KeepGroupNames(m_listContact, m_listGroup);
     }
     (void)MyClearGroupList();  // always true
     return MyFillGroupList(file, nLimit);
 }
 
-// What the list holds takes no new slot, and neither do fixed groups that the load makes afresh.
-int CContactLocalManager::MyGroupLimitForReload() const
-{
-    int nHeld = GetCurrentGroupCount();
-    for (const FixedGroup& fixed : FIXED_GROUPS) {
-        if (!IsGroupExist(fixed.m_pName)) {
-            ++nHeld;
-        }
-    }
-    return std::max({m_nMaxGroupCount, nHeld, m_nGroupRoom});
-}
-
 int CContactLocalManager::MyFillGroupList(const CXmlInput& file, int nLimit)
 {
+    struct Listener final : CGroupLoadListener
+    {
+        explicit Listener(CContactLocalManager& directory) : m_directory(directory) {}
+        int Take(const GroupPlace& place, const GroupData& group, pugi::xml_node) override
+        {
+            return m_directory.MyLinkGroup(place, group);
+        }
+        void Refuse(const GroupPlace&, const GroupData&, pugi::xml_node) override {}
+        void PassOver(pugi::xml_node) override {}
+
+        CContactLocalManager& m_directory;
+    };
     m_bGroupUnsaved = false;
     if (!file.HasRoot()) {
         MySetGroupUnread(file.IsOutOfMemory(), nLimit);
         m_bKeepGroupNames = m_bKeepGroupNames || !m_bGroupUnread;
         return DIR_RET_NONE;
     }
-    // Without the fixed groups the directory could hold no contact.
-    bool bMemory = MyInsertFixedGroups(INT_MAX) && !file.IsOutOfMemory();
-    int nResult = DIR_RET_OK;
-    int nNextId = FIRST_USER_GROUP_ID;
-    for (pugi::xml_node element : file.Root().children(ELEMENT_GROUP)) {
-        GroupData group;
-        if (!ReadGroupElement(element, group)) {
-            continue;
-        }
-        group.m_nId = nNextId++;  // a refused element uses up its id
-        const int nInserted = MyInsertGroupWithin(nLimit, group, false);
-        bMemory = bMemory && nInserted != DIR_RET_NO_MEMORY;
-        if (nInserted < 0) {
-            nResult = DIR_RET_NONE;
-        }
-    }
-    MySetGroupUnread(!bMemory, nLimit);
-    return bMemory ? nResult : DIR_RET_NONE;
+    MyResetGenerator();
+    Listener listener(*this);
+    const int nLoaded = LoadGroups(file.Root(), m_listGroup, nLimit, listener);
+    MySetGroupUnread(file.IsOutOfMemory() || nLoaded == DIR_RET_NO_MEMORY, nLimit);
+    return !m_bGroupUnread && nLoaded == DIR_RET_OK ? DIR_RET_OK : DIR_RET_NONE;
 }
 
 void CContactLocalManager::MySetGroupDirty(bool bDirty)
@@ -136,8 +113,7 @@ int CContactLocalManager::SaveGroupToXml()
     }
     CXmlOutput file;
     pugi::xml_node root = file.AppendRoot(ELEMENT_ROOT_GROUP);
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
-        const GroupData& group = *pos->value;
+    for (const GroupData& group : RecordsOf(m_listGroup)) {
         AppendGroupElement(
             file, root,
             {group.m_strDisplayName.c_str(), group.m_strRing.c_str(), group.m_bReadOnly});

@@ -1,6 +1,7 @@
 // Pages of the group list, and one group by its id. Positions count the visible groups only.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/page_window.h"
 #include "platform/device_services.h"
 
@@ -17,18 +18,17 @@ bool IsBlacklistShown()
 }
 
 // Calls append for each visible group of the page that list asks for.
-template <class PageData, class GroupList, class Append>
-void AppendPage(PageData& page, const GroupList& list, bool bWithBlacklist, Append append)
+template <class PageData, class Append>
+void AppendPage(PageData& page, const GroupDataList& list, bool bWithBlacklist, Append append)
 {
     const CPageWindow window(page.m_nIndexFrom, page.m_nCountToGet);
     int nVisible = 0;
-    for (auto pos = list.begin(); pos != list.end() && !window.IsBehind(nVisible);
-         pos = pos->next) {
-        if (pos->value->m_nId == GROUP_ID_BLACKLIST && !bWithBlacklist) {
+    for (const GroupData& group : RecordsOf(list)) {
+        if (IsBlack(group.m_nId) && !bWithBlacklist) {
             continue;
         }
         if (window.Holds(nVisible)) {
-            append(*pos->value);
+            append(group);
         }
         ++nVisible;
     }

@@ -5,7 +5,7 @@
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
-#include "directory/internal/group_links.h"
+#include "directory/internal/group_finders.h"
 #include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
@@ -95,8 +95,8 @@ int CContactLocalManager::GetGroupIndexByName(const char* pName) const
         return 0;
     }
     int nIndex = 0;
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end(); pos = pos->next) {
-        if (std::strcmp(pos->value->m_strDisplayName.c_str(), pName) == 0) {
+    for (const GroupData& group : RecordsOf(m_listGroup)) {
+        if (std::strcmp(group.m_strDisplayName.c_str(), pName) == 0) {
             return nIndex;
         }
         ++nIndex;
@@ -112,12 +112,16 @@ bool CContactLocalManager::IsBlacklistIndex(int nIndex) const
 
 int CContactLocalManager::MyInsertGroup(const GroupData& data, bool bSave)
 {
-    return MyInsertGroupWithin(m_nMaxGroupCount, data, bSave);
+    const int nResult =
+        MyLinkGroup(FindGroupPlace(m_listGroup, data, m_nMaxGroupCount, nullptr), data);
+    if (nResult >= 0 && bSave) {
+        MySetGroupDirty(true);
+    }
+    return nResult;
 }
 
-int CContactLocalManager::MyInsertGroupWithin(int nLimit, const GroupData& data, bool bSave)
+int CContactLocalManager::MyLinkGroup(const GroupPlace& place, const GroupData& data)
 {
-    const GroupPlace place = FindGroupPlace(m_listGroup, data, nLimit, nullptr);
     if (place.m_nResult < 0) {
         return place.m_nResult;
     }
@@ -126,9 +130,6 @@ int CContactLocalManager::MyInsertGroupWithin(int nLimit, const GroupData& data,
         return DIR_RET_NO_MEMORY;
     }
     m_listGroup.insert(place.m_itPlace, pGroup);
-    if (bSave) {
-        MySetGroupDirty(true);
-    }
     return place.m_nResult;
 }
 

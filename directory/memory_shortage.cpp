@@ -5,7 +5,7 @@
 // and refuses if memory is still short.
 
 #include "directory/contact_local_manager.h"
-#include "directory/internal/contact_limits.h"
+#include "directory/internal/limits.h"
 
 namespace NS_DIRECTORY {
 

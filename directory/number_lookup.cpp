@@ -3,6 +3,7 @@
 // and the first contact in list order answers, whatever was added when.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 
 namespace NS_DIRECTORY {
 namespace {
@@ -53,7 +54,7 @@ qz::basic_string<char> CContactLocalManager::GetContactNameByPhoneNumber(const c
 bool CContactLocalManager::IsBlackContactNumber(const char* pNumber) const
 {
     const ItemData* pItem = MyFindContactByNumber(pNumber, {});
-    return pItem != nullptr && pItem->m_nGroupId == GROUP_ID_BLACKLIST;
+    return pItem != nullptr && IsBlack(pItem->m_nGroupId);
 }
 
 int CContactLocalManager::GetContactDataByNumber(ContactGeneralItemData* pData,

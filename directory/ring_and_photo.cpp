@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/records.h"
 #include "platform/device_services.h"
 
 namespace NS_DIRECTORY {
@@ -44,8 +45,7 @@ int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
     if (MyCatchUp() < 0) {  // MyTestChange would refuse while the directory takes no changes
         return DIR_RET_NO_MEMORY;
     }
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end(); pos = pos->next) {
-        ItemData& item = *pos->value;
+    for (ItemData& item : RecordsOf(m_listContact)) {
         if (std::strcmp(item.m_strDefaultPhoto.c_str(), pPhoto) == 0) {
             item.m_strDefaultPhoto = DEFAULT_PHOTO;
         }

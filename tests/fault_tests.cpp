@@ -16,7 +16,7 @@
 #include <set>
 
 #include "bench/heap_count.h"
-#include "directory/internal/name_list.h"
+#include "directory/internal/name_set.h"
 #include "tests/support/directory_model.h"
 
 namespace {
@@ -188,7 +188,7 @@ TEST(MemoryDeathTest, EndsTheProcessInAContainer)
     };
     const auto aborted = testing::KilledBySignal(SIGABRT);
     const QZList<String> list;
-    EXPECT_EXIT((g_heap.m_nLargest = 0, CNameList(list)), aborted, "");
+    EXPECT_EXIT((g_heap.m_nLargest = 0, CNameSet(list)), aborted, "");
     EXPECT_EXIT((FileCalls::s_nFailingRecord = sizeof(QZListNode<String>), QZList<String>()),
                 aborted, "");
     EXPECT_EXIT(grow(63, 31), aborted, "") << "twice the capacity";

@@ -27,6 +27,7 @@ TEST_F(MemberTest, GroupsBehindThePublicCalls)
     EXPECT_EQ(directory.m_pIdGenerator->GenId(), 2);
     // A start over keeps its generator; a load can do without one.
     const CRIdGenerator* const pBefore = directory.m_pIdGenerator;
+    EXPECT_TRUE(directory.MyClearContactList() && directory.MyClearGroupList());
     EXPECT_TRUE(directory.MyInit());
     EXPECT_EQ(directory.m_pIdGenerator, pBefore);
     delete std::exchange(directory.m_pIdGenerator, nullptr);
@@ -34,6 +35,7 @@ TEST_F(MemberTest, GroupsBehindThePublicCalls)
     EXPECT_EQ(directory.GetCurrentGroupCount(), 4);
     WriteFile(GROUP_FILE, "");
     EXPECT_EQ(directory.ReloadGroupXml(), 0);
+    EXPECT_TRUE(directory.MyClearContactList());
     EXPECT_FALSE(directory.MyInit());
 }
 

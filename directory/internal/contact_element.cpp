@@ -12,8 +12,6 @@
 namespace NS_DIRECTORY {
 namespace {
 
-using ItemData = CContactLocalManager::ItemData;
-
 // Beyond the range of int a number is held at its ends. An absent attribute gives 0, like every
 // text without digits.
 int NumberOf(pugi::xml_attribute attribute)

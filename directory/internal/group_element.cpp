@@ -10,8 +10,8 @@
 namespace NS_DIRECTORY {
 namespace {
 
-constexpr GroupElementData DEFAULT_GROUPS[] = {{NAME_ALL_CONTACTS, "", true},
-                                               {NAME_BLACKLIST, "", true},
+constexpr GroupElementData DEFAULT_GROUPS[] = {{ALL_CONTACTS.m_pName, "", true},
+                                               {BLACKLIST.m_pName, "", true},
                                                {"Company", "", false},
                                                {"Family", "", false},
                                                {"Friend", "", false}};
@@ -43,7 +43,7 @@ pugi::xml_node AppendDefaultGroups(CXmlOutput& file)
     return root;
 }
 
-bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& group)
+bool ReadGroupElement(pugi::xml_node element, GroupData& group)
 {
     CAttributeReader reader(element);
     // An absent attribute reads as the empty text.
@@ -57,8 +57,7 @@ bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& g
     return true;
 }
 
-void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root,
-                         const CContactLocalManager::GroupData& group)
+void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root, const GroupData& group)
 {
     (void)AppendNameAndRing(file, root, group.m_strDisplayName.c_str(), group.m_strRing.c_str());
 }

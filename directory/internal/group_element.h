@@ -3,7 +3,7 @@
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_ELEMENT_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_ELEMENT_H
 
-#include "directory/contact_local_manager.h"
+#include "directory/internal/records.h"
 #include "directory/internal/xml_file.h"
 
 namespace NS_DIRECTORY {
@@ -21,14 +21,13 @@ void AppendGroupElement(CXmlOutput& file, pugi::xml_node root, const GroupElemen
 
 // Fills name, ring and read-only mark of group and leaves the id alone. False, with group as it
 // was, for an element of a fixed group: a load passes over those.
-bool ReadGroupElement(pugi::xml_node element, CContactLocalManager::GroupData& group);
+bool ReadGroupElement(pugi::xml_node element, GroupData& group);
 
 // Appends a root_group with what a new device starts with, and returns it.
 pugi::xml_node AppendDefaultGroups(CXmlOutput& file);
 
 // For the export: the same element without the read-only mark.
-void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root,
-                         const CContactLocalManager::GroupData& group);
+void AppendExportedGroup(CXmlOutput& file, pugi::xml_node root, const GroupData& group);
 
 }  // namespace NS_DIRECTORY
 

@@ -10,9 +10,6 @@
 namespace NS_DIRECTORY {
 namespace {
 
-using GroupData = CContactLocalManager::GroupData;
-using ItemData = CContactLocalManager::ItemData;
-
 int CompareNames(const qz::basic_string<char>& left, const qz::basic_string<char>& right)
 {
     return strcasecmp(left.c_str(), right.c_str());
@@ -28,10 +25,10 @@ bool IsSecondOfName(const GroupData& present, const GroupData& group, const char
 // list where group is no second one of them.
 GroupDataList::ListIterator FindFirstOfFixed(const GroupDataList& list, const GroupData& group)
 {
-    if (list.size() > 0 && IsSecondOfName(*list.begin()->value, group, NAME_ALL_CONTACTS)) {
+    if (list.size() > 0 && IsSecondOfName(*list.begin()->value, group, ALL_CONTACTS.m_pName)) {
         return list.begin();
     }
-    if (list.size() > 1 && IsSecondOfName(*list.end()->prev->value, group, NAME_BLACKLIST)) {
+    if (list.size() > 1 && IsSecondOfName(*list.end()->prev->value, group, BLACKLIST.m_pName)) {
         return list.end()->prev;
     }
     return list.end();
@@ -97,7 +94,7 @@ ContactPlace FindContactPlace(const ItemDataList& list, const ItemData& item,
             continue;
         }
         // Counted before the comparison: the contact that ends the walk counts too.
-        if (item.m_nGroupId == GROUP_ID_ALL || present.m_nGroupId == item.m_nGroupId) {
+        if (IsCountedIn(item.m_nGroupId, present)) {
             ++nCounter;
         }
         const int nOrder = CompareNames(present.m_strDisplayName, item.m_strDisplayName);
@@ -109,14 +106,6 @@ ContactPlace FindContactPlace(const ItemDataList& list, const ItemData& item,
         }
     }
     return {pos, nCounter};
-}
-
-ContactPlace FindContactPlaceFromTail(const ItemDataList& list, const ItemData& item)
-{
-    const bool bBehindAll =
-        list.size() == 0 ||
-        CompareNames(list.end()->prev->value->m_strDisplayName, item.m_strDisplayName) < 0;
-    return bBehindAll ? ContactPlace{list.end(), 0} : FindContactPlace(list, item, nullptr);
 }
 
 }  // namespace NS_DIRECTORY

@@ -3,12 +3,9 @@
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_NAME_ORDER_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_NAME_ORDER_H
 
-#include "directory/contact_local_manager.h"
+#include "directory/internal/records.h"
 
 namespace NS_DIRECTORY {
-
-using GroupDataList = QZList<CContactLocalManager::GroupData*>;
-using ItemDataList = QZList<CContactLocalManager::ItemData*>;
 
 // The place in front of which the new entry goes, and what the insert answers. Where that is a
 // refusal because of the name, the place is the entry that bears it; where it is another refusal,
@@ -28,18 +25,13 @@ struct ContactPlace
 // Refusals: DIR_RET_INVALID, the name is empty; DIR_RET_INVALID, the limit is reached;
 // DIR_RET_GROUP_EXIST. pRenamed, if not null, is a record of the list that counts for nothing,
 // since it gives way to the new one. The result is a position.
-GroupPlace FindGroupPlace(const GroupDataList& list, const CContactLocalManager::GroupData& group,
-                          int nLimit, const CContactLocalManager::GroupData* pRenamed);
+GroupPlace FindGroupPlace(const GroupDataList& list, const GroupData& group, int nLimit,
+                          const GroupData* pRenamed);
 
 // Refusal: DIR_RET_CONTACT_EXIST. pRenamed as above. The result counts the contacts of the
 // record's group, or all for GROUP_ID_ALL, that the walk met, the one that ended it included.
-ContactPlace FindContactPlace(const ItemDataList& list, const CContactLocalManager::ItemData& item,
-                              const CContactLocalManager::ItemData* pRenamed);
-
-// The same place and refusal for a record that most likely belongs at the end, as in a file that
-// was written in order. The result only tells whether it is refused.
-ContactPlace FindContactPlaceFromTail(const ItemDataList& list,
-                                      const CContactLocalManager::ItemData& item);
+ContactPlace FindContactPlace(const ItemDataList& list, const ItemData& item,
+                              const ItemData* pRenamed);
 
 }  // namespace NS_DIRECTORY
 

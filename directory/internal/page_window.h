@@ -13,8 +13,7 @@ class CPageWindow
         : m_nFrom(nIndexFrom), m_nEnd(static_cast<long long>(nIndexFrom) + nCountToGet)
     {}
 
-    bool IsBehind(int nIndex) const { return nIndex >= m_nEnd; }
-    bool Holds(int nIndex) const { return nIndex >= m_nFrom && !IsBehind(nIndex); }
+    bool Holds(int nIndex) const { return nIndex >= m_nFrom && nIndex < m_nEnd; }
 
   private:
     long long m_nFrom;

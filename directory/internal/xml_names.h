@@ -1,13 +1,10 @@
-// The names that what writes a file and what reads it must share, each once: elements,
-// attributes, the fixed groups. The files themselves are named in directory/data_files.h.
+// The names of elements and attributes, which what writes a file and what reads it must share, each
+// once. The files are named in directory/data_files.h, the fixed groups in fixed_groups.h.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 
 namespace NS_DIRECTORY {
-
-inline constexpr char NAME_ALL_CONTACTS[] = "All Contacts";
-inline constexpr char NAME_BLACKLIST[] = "Blacklist";
 
 inline constexpr char ELEMENT_ROOT_GROUP[] = "root_group";
 inline constexpr char ELEMENT_GROUP[] = "group";

@@ -4,10 +4,9 @@
 
 #include <algorithm>
 
-#include "directory/internal/contact_element.h"
-#include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_element.h"
-#include "directory/internal/group_links.h"
+#include "directory/internal/group_finders.h"
+#include "directory/internal/missing_groups.h"
 #include "directory/internal/xml_names.h"
 
 using namespace NS_DIRECTORY;
@@ -39,6 +38,18 @@ std::string ReasonOf(const GroupPlace& place, const CContactLocalManager::GroupD
     return group.m_strDisplayName.empty()
                ? "it has no name"
                : OverLimit(START_MAX_GROUP_COUNT, "groups, the two fixed ones included");
+}
+
+std::string ReasonOf(int nCode, const ContactLimits& limits, pugi::xml_node present)
+{
+    switch (nCode) {
+        case DIR_RET_BLACK_FULL:
+            return OverLimit(limits.m_nBlack, "blacklisted contacts");
+        case DIR_RET_CONTACT_FULL:
+            return OverLimit(limits.m_nOrdinary, "ordinary contacts");
+        default:
+            return EqualName(present.attribute(ATTRIBUTE_DISPLAY_NAME).value());
+    }
 }
 
 // What a save writes for a group, to be compared with what stands in the file.
@@ -83,113 +94,73 @@ ReportData CDirectoryCheck::Run(const std::string& strGroupFile, const std::stri
 void CDirectoryCheck::CheckGroupFile(const std::string& strPath)
 {
     CFileCheck file(m_report.m_groupFile, strPath, ELEMENT_ROOT_GROUP, ELEMENT_GROUP);
+    m_pFile = &file;
     CXmlOutput defaults;
     if (file.IsAbsent()) {
-        CheckGroups(file, AppendDefaultGroups(defaults));  // a start makes the file first
-        return;
+        (void)LoadGroups(AppendDefaultGroups(defaults), m_listGroup, START_MAX_GROUP_COUNT, *this);
+        return;  // a start makes the file first
     }
     file.CheckWhole();
     if (!file.Root().empty()) {
-        CheckGroups(file, file.Root());
+        (void)LoadGroups(file.Root(), m_listGroup, START_MAX_GROUP_COUNT, *this);
     }
 }
 
-void CDirectoryCheck::CheckGroups(CFileCheck& file, pugi::xml_node root)
+int CDirectoryCheck::Take(const GroupPlace& place, const GroupData& group, pugi::xml_node element)
 {
-    for (const FixedGroup& fixed : FIXED_GROUPS) {
-        (void)TakeGroup(file, {}, MakeFixedGroup(fixed));  // the list is empty: nothing refuses
+    m_listGroup.insert(place.m_itPlace, &m_groups.emplace_back(group));
+    if (!element.empty()) {
+        CXmlOutput output;
+        m_pFile->CheckAttributes(element, Write(output, group));
     }
-    for (const pugi::xml_node element : root.children(ELEMENT_GROUP)) {
-        CheckGroup(file, element);
-    }
+    return DIR_RET_OK;
 }
 
-void CDirectoryCheck::CheckGroup(CFileCheck& file, pugi::xml_node element)
+void CDirectoryCheck::Refuse(const GroupPlace& place, const GroupData& group,
+                             pugi::xml_node element)
+{
+    m_pFile->Refuse(element, ReasonOf(place, group));
+}
+
+void CDirectoryCheck::PassOver(pugi::xml_node element)
 {
     CXmlOutput output;
-    GroupData group;
-    if (!ReadGroupElement(element, group)) {
-        const char* pFixed = element.attribute(ATTRIBUTE_DISPLAY_NAME).value();
-        file.CheckAttributes(element, Write(output, *FindGroupByName(m_listGroup, pFixed)));
-        return;
-    }
-    group.m_nId = static_cast<int>(m_groups.size());  // that of no fixed group
-    if (TakeGroup(file, element, group)) {
-        file.CheckAttributes(element, Write(output, group));
-    }
-}
-
-bool CDirectoryCheck::TakeGroup(CFileCheck& file, pugi::xml_node element, const GroupData& group)
-{
-    const GroupPlace place = FindGroupPlace(m_listGroup, group, START_MAX_GROUP_COUNT, nullptr);
-    if (place.m_nResult < 0) {
-        file.Refuse(element, ReasonOf(place, group));
-        return false;
-    }
-    m_listGroup.insert(place.m_itPlace, &m_groups.emplace_back(group));
-    return true;
+    const char* pFixed = element.attribute(ATTRIBUTE_DISPLAY_NAME).value();
+    m_pFile->CheckAttributes(element, Write(output, *FindGroupByName(m_listGroup, pFixed)));
 }
 
 void CDirectoryCheck::CheckContactFile(const std::string& strPath)
 {
     CFileCheck file(m_report.m_contactFile, strPath, ELEMENT_ROOT_CONTACT, ELEMENT_CONTACT);
+    m_pFile = &file;
     if (file.IsAbsent()) {
         return;
     }
     file.CheckWhole();
-    if (m_listGroup.size() == 0) {
-        m_limits = LimitsWithoutGroups(m_limits);
-    }
-    for (const pugi::xml_node element : file.Root().children(ELEMENT_CONTACT)) {
-        CheckContact(file, element);
-    }
-}
-
-void CDirectoryCheck::CheckContact(CFileCheck& file, pugi::xml_node element)
-{
-    ItemData item;
-    const qz::basic_string<char> strGroupName(ReadContactElement(element, item));
     // Without groups each contact keeps the name of its own through saves.
-    const bool bKeepName = m_listGroup.size() == 0;
-    ResolveGroup(m_listGroup, strGroupName, bKeepName, item);
-    if (!TakeContact(file, element, item)) {
-        return;
-    }
-    qz::basic_string<char> strWritten(GroupNameForFile(m_listGroup, item));
-    if (!strGroupName.empty() && !(strWritten == strGroupName)) {
-        file.Add(FindingKind::NO_GROUP, element,
-                 "there is no group " + Quoted(strGroupName) + ": the next save writes " +
-                     Quoted(strWritten) + ", where the contact stands");
-        strWritten = strGroupName;  // told once
-    }
-    CXmlOutput output;
-    file.CheckAttributes(element, Write(output, item, strWritten.c_str()));
+    const bool bKeepNames = m_listGroup.size() == 0;
+    m_limits = LimitsForLoad({START_MAX_CONTACT_COUNT, START_MAX_BLACK_COUNT}, m_listGroup);
+    (void)LoadContacts(file.Root(), m_listGroup, m_limits, bKeepNames, *this);
 }
 
-bool CDirectoryCheck::TakeContact(CFileCheck& file, pugi::xml_node element, const ItemData& item)
+int CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
 {
-    int& nCount = CountOfSide(item.m_nGroupId);
-    switch (TestContactLimit(m_limits, item.m_nGroupId, nCount, 1)) {
-        case DIR_RET_BLACK_FULL:
-            file.Refuse(element, OverLimit(m_limits.m_nBlack, "blacklisted contacts"));
-            return false;
-        case DIR_RET_CONTACT_FULL:
-            file.Refuse(element, OverLimit(m_limits.m_nOrdinary, "ordinary contacts"));
-            return false;
-        default:
-            break;
+    ++(item.m_nGroupId == GROUP_ID_BLACKLIST ? m_report.m_nBlack : m_report.m_nOrdinary);
+    const char* pGroupName = element.attribute(ATTRIBUTE_GROUP_ID_NAME).value();
+    const std::string strWritten = GroupNameForFile(m_listGroup, item);
+    if (*pGroupName != '\0' && strWritten != pGroupName) {
+        m_pFile->Add(FindingKind::NO_GROUP, element,
+                     "there is no group " + Quoted(pGroupName) + ": the next save writes " +
+                         Quoted(strWritten.c_str()) + ", where the contact stands");
+    } else {
+        pGroupName = strWritten.c_str();
     }
-    const ContactPlace place = FindContactPlaceFromTail(m_listContact, item);
-    if (place.m_nResult < 0) {
-        file.Refuse(element, EqualName(place.m_itPlace->value->m_strDisplayName));
-        return false;
-    }
-    m_listContact.insert(place.m_itPlace, &m_contacts.emplace_back(item));
-    ++nCount;
-    return true;
+    CXmlOutput output;  // a missing group is reported once, so its name counts as written
+    m_pFile->CheckAttributes(element, Write(output, item, pGroupName));
+    return DIR_RET_OK;
 }
 
-int& CDirectoryCheck::CountOfSide(int nGroupId)
+void CDirectoryCheck::Refuse(int nCode, pugi::xml_node element, pugi::xml_node present)
 {
-    return nGroupId == GROUP_ID_BLACKLIST ? m_report.m_nBlack : m_report.m_nOrdinary;
+    m_pFile->Refuse(element, ReasonOf(nCode, m_limits, present));
 }

@@ -1,5 +1,5 @@
-// A start of the directory without the directory: the same rules in the same order, but each
-// refusal is kept with its reason, and no file is written.
+// A start of the directory without the directory: it listens to the library's own load, keeps each
+// refusal with its reason, and writes no file.
 
 #ifndef NSDIRECTORY_TOOLS_DIRECTORY_CHECK_DIRECTORY_CHECK_H
 #define NSDIRECTORY_TOOLS_DIRECTORY_CHECK_DIRECTORY_CHECK_H
@@ -7,12 +7,13 @@
 #include <deque>
 #include <string>
 
-#include "directory/internal/contact_limits.h"
-#include "directory/internal/name_order.h"
+#include "directory/internal/contact_load.h"
+#include "directory/internal/group_load.h"
 #include "tools/directory_check/file_check.h"
 #include "tools/directory_check/findings.h"
 
-class CDirectoryCheck
+class CDirectoryCheck : private NS_DIRECTORY::CGroupLoadListener,
+                        private NS_DIRECTORY::CContactLoadListener
 {
   public:
     // To be called once. Either file may be absent, as on a new device. Throws CUnreadable.
@@ -23,21 +24,20 @@ class CDirectoryCheck
     using ItemData = NS_DIRECTORY::CContactLocalManager::ItemData;
 
     void CheckGroupFile(const std::string& strPath);
-    void CheckGroups(CFileCheck& file, pugi::xml_node root);
-    void CheckGroup(CFileCheck& file, pugi::xml_node element);
-    bool TakeGroup(CFileCheck& file, pugi::xml_node element, const GroupData& group);
-    void CheckContactFile(const std::string& strPath);
-    void CheckContact(CFileCheck& file, pugi::xml_node element);
-    bool TakeContact(CFileCheck& file, pugi::xml_node element, const ItemData& item);
-    int& CountOfSide(int nGroupId);
+    int Take(const NS_DIRECTORY::GroupPlace& place, const GroupData& group,
+             pugi::xml_node element) override;
+    void Refuse(const NS_DIRECTORY::GroupPlace& place, const GroupData& group,
+                pugi::xml_node element) override;
+    void PassOver(pugi::xml_node element) override;
 
-    // The lists own no records; these do.
-    std::deque<GroupData> m_groups;
-    std::deque<ItemData> m_contacts;
+    void CheckContactFile(const std::string& strPath);
+    int Take(const ItemData& item, pugi::xml_node element) override;
+    void Refuse(int nCode, pugi::xml_node element, pugi::xml_node present) override;
+
+    CFileCheck* m_pFile = nullptr;   // the file that is checked
+    std::deque<GroupData> m_groups;  // the list owns no records; this does
     NS_DIRECTORY::GroupDataList m_listGroup;
-    NS_DIRECTORY::ItemDataList m_listContact;
-    NS_DIRECTORY::ContactLimits m_limits{NS_DIRECTORY::START_MAX_CONTACT_COUNT,
-                                         NS_DIRECTORY::START_MAX_BLACK_COUNT};
+    NS_DIRECTORY::ContactLimits m_limits{};
     ReportData m_report;
 };
 
