@@ -83,6 +83,25 @@ TEST_F(MemberTest, WhatTheDeviceIsAsked)
     EXPECT_EQ(g_device.m_listConfigAsked, Texts{"HistoryBlackListShowSwitch 1"});
 }
 
+TEST_F(MemberTest, AShortNumberInTheLongForm)
+{
+    const ContactRow longNumbers("Anna", "All Contacts", "111111111111111", "222222222222222",
+                                 "333333333333333");
+    const ContactRow shortNumbers("Anna", "All Contacts", "1111", "22222", "333333");
+    Start({}, {longNumbers, {"Carl", "All Contacts", "44444"}});
+    EXPECT_EQ(Directory().UpdateContactData("Anna", shortNumbers), 1);
+    String strAsked("444444444444444");
+    for (const char* const pNumber : {"1111", "22222", "333333", "44444"}) {
+        strAsked = pNumber;  // it stays in the long form
+        String strShort(pNumber);
+        for (const String* const pAsked : {&strAsked, &strShort}) {
+            const Manager::ItemData* const pFound = Directory().MyFindContactByNumber(*pAsked, {});
+            ASSERT_NE(pFound, nullptr) << pNumber;
+            EXPECT_STREQ(pFound->m_strDisplayName.c_str(), *pNumber == '4' ? "Carl" : "Anna");
+        }
+    }
+}
+
 TEST_F(MemberTest, TextsThatHoldANul)
 {
     const auto text = [](const char* pBegin, const char* pBehindNul) {
