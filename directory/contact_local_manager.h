@@ -1,50 +1,5 @@
-// CContactLocalManager: the local phone book of the telephone.
-//
-// It keeps groups, contacts and the blacklist in memory and mirrors each change at once to two XML
-// files in the data folder, /config/data/ in a library as delivered:
-//
-//   contact_group_list.xml  the group file      contact_list.xml  the contact file
-//
-// The folder must exist; the library never makes it.
-//
-// Results. Mutators return a negative DIR_RET_ code where they refuse, and what is told at each
-// operation where they succeed. Refusals are listed in the order in which they are tested, so the
-// first one that holds is the answer. A refusal has changed nothing, in memory or on disk. "Writes"
-// tells which files a call rewrites, each whole and in place, before it returns. No result tells
-// whether a write worked: a full disk shows only in the file. What is in memory stays after a
-// failed write, and the next write of the file brings it along. But AddGroup, a new name of a group
-// and RemoveGroup read both files back once they are written: what a failed write has left of a
-// file is then all that is left in memory too.
-//
-// Memory. If memory runs short while a file is read, the lists may hold only a part of it, and
-// questions are answered from that part. If it runs short while a file is saved, the file stays as
-// it was. Every mutator first makes up for both: it reads or saves the file again, and if there is
-// still no memory it refuses with DIR_RET_NO_MEMORY, after DIR_RET_RELOADING and before all other
-// refusals, RemoveAllContacts() too. Black2Local() and Local2Black() test it first of all. Room in
-// a text or a list is another matter: without it the process ends by abort(), with both files as
-// they were before or after the last write.
-//
-// Names are keys and are compared byte for byte, except that no two contacts, and no two user
-// groups, may have names that strcasecmp finds equal. So the locale decides which names are equal
-// and how both lists are ordered. LC_CTYPE must be set before the first GetInstance() and be the
-// same at every start: "C.UTF-8", whatever language the screens speak. Files that were stored under
-// one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names, elsewhere
-// one.
-//
-// Group ids from 2 up are given afresh by every load of the group file. AddGroup, a new name
-// through UpdateGroupData, RemoveGroup and ReloadGroupXml renumber the groups: an id from before
-// means another group, or none, afterwards.
-//
-// Pointers. The library hands out no pointer but the instance, and keeps none that it is given.
-// Texts handed in hold no NUL byte.
-//
-// Threads. None and no locks: call from one thread at a time, the first GetInstance() included.
-//
-// Limits: 50 groups with the two fixed ones, 1000 ordinary contacts, 30 blacklisted contacts. They
-// can be changed for the life of an instance. A lowered limit refuses new entries and costs none
-// that is stored, also when a file is loaded again. But a start always goes by the limits above,
-// and the next save writes only what the start took. So a host that needs higher limits sets them
-// right after GetInstance() and calls ReloadGroupXml() and ReloadContactXml() before any change.
+/// \file
+/// CContactLocalManager: the whole boundary of the library, but for one free function.
 
 #ifndef NSDIRECTORY_DIRECTORY_CONTACT_LOCAL_MANAGER_H
 #define NSDIRECTORY_DIRECTORY_CONTACT_LOCAL_MANAGER_H
@@ -64,321 +19,459 @@ struct ContactLimits;
 struct ContactPlace;
 struct GroupPlace;
 
+/// The local phone book of the telephone: contacts, contact groups and the blacklist.
+///
+/// It keeps them in memory and mirrors each change at once to two XML files in the data folder,
+/// /config/data/ in a library as delivered (directory/data_files.h):
+///
+/// - contact_group_list.xml, the group file
+/// - contact_list.xml, the contact file
+///
+/// The folder must exist; the library never makes it.
+///
+/// **Results.** A mutator that refuses returns a negative DIR_RET_ code. It has then changed
+/// nothing, in memory or on disk. "Refuses" lists the codes in the order in which they are tested,
+/// so the first one that applies is the result. "Writes" says which files a call rewrites, each
+/// whole and in place, before it returns. No result says whether a write worked: a full disk shows
+/// only in the file. After a failed write the change stays in memory, and the next write of the
+/// file brings it along. But AddGroup, a rename of a group and RemoveGroup read both files back
+/// after they have written them: what a failed write has left of a file is then all that is left in
+/// memory too. The companion in safekeeping/ finds and undoes such edits.
+///
+/// **Memory.** If memory runs short while a file is read, the lists may hold only a part of it, and
+/// questions are answered from that part. If it runs short while a file is saved, the file stays as
+/// it was. Every mutator first makes up for both: it saves or reads the file again, and if there is
+/// still no memory it refuses with DIR_RET_NO_MEMORY, after DIR_RET_RELOADING and before all other
+/// refusals. (Local2Black, Black2Local and SetDefaultPhoto do not test DIR_RET_RELOADING first.) If
+/// a text or a list gets no memory, the process ends by abort(); neither file is then half of an
+/// edit.
+///
+/// **Names** are keys and are compared byte for byte, except that no two contacts, and no two user
+/// groups, may have names that strcasecmp finds equal. So the locale decides which names are equal
+/// and in which order the lists are. LC_CTYPE must be set before the first GetInstance() and be the
+/// same at every start: "C.UTF-8", whatever language the screens speak. Files that were stored
+/// under one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names,
+/// elsewhere one. Texts handed in hold no NUL byte.
+///
+/// **Ids.** Group ids from 2 up live in memory only. Every load of the group file gives them
+/// afresh: after AddGroup, a rename of a group, RemoveGroup and ReloadGroupXml an id from before
+/// means another group, or none.
+///
+/// **Pointers.** The library hands out no pointer but the instance, and keeps none that it is
+/// given.
+///
+/// **Threads.** The library has none, and no locks: it is called from one thread at a time, the
+/// first GetInstance() included.
+///
+/// **Limits.** 50 groups with the two fixed ones, 1000 ordinary contacts, 30 blacklisted contacts.
+/// They can be changed for the life of an instance. A lowered limit refuses new entries but keeps
+/// everything that is stored, also when a file is loaded again. A start always uses the limits
+/// above, and the next save writes only what the start took. So a host that needs higher limits
+/// sets them right after GetInstance() and calls ReloadGroupXml() and ReloadContactXml() before any
+/// change.
 class NSDIRECTORY_API CContactLocalManager
 {
   public:
-    // A group as it lies in memory.
+    /// A group in memory.
     struct GroupData
     {
         int m_nId = GROUP_ID_NONE;
-        qz::basic_string<char> m_strDisplayName;  // the key; never empty in the list
+        qz::basic_string<char> m_strDisplayName;  ///< The key; never empty in the list.
         qz::basic_string<char> m_strRing;
-        bool m_bReadOnly = false;  // carried from file to file; the id decides what is read-only
+        bool m_bReadOnly = false;  ///< Kept in the file; the id decides what is read-only.
 
         void Reset();
     };
 
-    // A contact as it lies in memory.
+    /// A contact in memory.
     struct ItemData
     {
-        qz::basic_string<char> m_strDisplayName;  // the key
+        qz::basic_string<char> m_strDisplayName;  ///< The key.
         qz::basic_string<char> m_strOfficeNumber;
         qz::basic_string<char> m_strMobileNumber;
         qz::basic_string<char> m_strOtherNumber;
         qz::basic_string<char> m_strRing;
-        qz::basic_string<char> m_strNameIndex;  // written to the file, always empty
+        qz::basic_string<char> m_strNameIndex;  ///< Written to the file, always empty.
         int m_nLine = 0;
         qz::basic_string<char> m_strDefaultPhoto;
         int m_nSelectedPhoto = 0;
         int m_nGroupId = GROUP_ID_NONE;
-        // The group that the file names where that group is missing after a broken group file. A
-        // save writes it in place of the name of group m_nGroupId, so that the contact comes home
-        // when the group does. It goes when m_nGroupId changes, and with the next load of the
-        // contact file, which finds it anew.
+        /// The group that the file names, if that group is missing (internal/missing_groups.h). A
+        /// save writes it in place of the name of group m_nGroupId.
         qz::basic_string<char> m_strKeptGroupName;
     };
 
     CContactLocalManager(const CContactLocalManager&) = delete;
     CContactLocalManager& operator=(const CContactLocalManager&) = delete;
 
-    // -- Life, limits and counts: contact_local_manager.cpp --
+    // -- Life and counts: contact_local_manager.cpp. Limits: limits.cpp --
 
-    // The instance, built on first use: it then reads the group file, writing the default one
-    // where there is none, and the contact file. It comes up also where a file cannot be read;
-    // what could not be read is missing from the lists, and the next change writes the file without
-    // it. Null only where there is no memory for the object. Good until ReleaseInstance().
+    /// The instance, built on first use. It comes up even if a file cannot be read: what could not
+    /// be read is missing from the lists, and the next change writes the file without it.
+    /// - Returns: the instance, good until ReleaseInstance(); null if there is no memory for it.
+    /// - Writes: the default group file if there is none. Then it reads both files.
     static CContactLocalManager* GetInstance();
 
-    // Frees the instance; the next GetInstance() reads the files again and sets the limits back.
-    // Does nothing where there is none. Writes nothing: nothing is ever pending.
+    /// Frees the instance, if there is one. The next GetInstance() reads the files again and sets
+    /// the limits back.
+    /// - Writes: nothing; no change is ever pending.
     static void ReleaseInstance();
 
     int GetMaxGroupCount() const;
     int GetMaxContactCount() const;
     int GetMaxBlackCount() const;
 
-    // Each stores the new limit, unchecked, and returns the previous one. A limit at or below the
-    // present count refuses every new entry; what is stored stays.
+    /// Each of the three takes any value. A limit at or below the present count refuses every new
+    /// entry and keeps what is stored.
+    /// - Returns: the previous limit.
     int SetMaxGroupCount(int nMax);
-    int SetMaxContactCount(int nMax);
-    int SetMaxBlackCount(int nMax);
+    int SetMaxContactCount(int nMax);  ///< As SetMaxGroupCount(), for ordinary contacts.
+    int SetMaxBlackCount(int nMax);    ///< As SetMaxGroupCount(), for blacklisted contacts.
 
-    int GetCurrentGroupCount() const;    // with the fixed groups
-    int GetCurrentContactCount() const;  // without the blacklisted contacts
+    int GetCurrentGroupCount() const;    ///< With the fixed groups.
+    int GetCurrentContactCount() const;  ///< Without the blacklisted contacts.
     int GetCurrentBlackCount() const;
 
-    int ReloadGroupAndItemByHttp();  // does nothing and returns 0
+    /// Does nothing.
+    /// - Returns: 0.
+    int ReloadGroupAndItemByHttp();
 
-    // True while the directory takes no changes. No operation of this library turns it on.
+    /// - Returns: true while the directory takes no changes. No operation turns this on.
     bool IsReloadGroupAndItemByHttp() const;
 
     // -- Group queries and the group file: group_store.cpp, group_file.cpp --
     // The group list reads "All Contacts", "Blacklist", then the user groups in ascending order.
-    // Positions count from 0 over all of them. Empty names find nothing.
+    // Positions count from 0 over all of them. An empty name finds nothing.
     //
-    // Where the group file has no root_group the list is empty, without the fixed groups, until a
+    // If the group file has no root_group, the list is empty, without the fixed groups, until a
     // load finds one; adding a group makes the directory whole again. Until then every contact that
-    // is loaded stands in group 0, the blacklisted ones too: no number is blocked, no contact can
-    // be added, and contacts are known by name but not handed out. From then on and until
-    // ReleaseInstance(), contacts whose group is missing keep its name through saves and come home
-    // when it is added. After a restart over a whole group list nothing is kept: such a contact
-    // stands in "All Contacts", and the next save of the contact file writes that. So add the
+    // is loaded is in group 0, the blacklisted ones too: no number is blocked, no contact can be
+    // added, and contacts are known by name but not handed out. From then on and until
+    // ReleaseInstance(), contacts whose group is missing keep its name through saves and regain the
+    // group when it is added. After a restart over a whole group list nothing is kept: such a
+    // contact is in "All Contacts", and the next save of the contact file writes that. So add the
     // missing groups again before the next restart.
 
-    // True exactly when nIndex is the count of groups less one, whichever group stands there.
+    /// - Returns: true exactly if nIndex is the count of groups less one, whichever group is there.
     bool IsBlacklistIndex(int nIndex) const;
 
-    // The position of the group of that name; 0 also for null and for a name of no group.
+    /// - Returns: the position of the group; 0 also for null and for a name of no group.
     int GetGroupIndexByName(const char* pName) const;
 
-    // 1 and the name at that position; 0, with strName untouched, where there is none.
+    /// - Returns: 1 and the name at that position; 0, with strName untouched, if there is none.
     int GetGroupNameByIndex(int nIndex, qz::basic_string<char>& strName) const;
 
-    // Both: the id of the group of that name, or -1.
+    /// - Returns: the id of the group of that name, or -1.
     int GetGroupIdByGroupName(const qz::basic_string<char>& strName) const;
-    int GetGIdByGName(const qz::basic_string<char>& strName) const;
+    int GetGIdByGName(const qz::basic_string<char>& strName) const;  ///< The same.
 
     bool IsGroupExist(const qz::basic_string<char>& strName) const;
 
-    // Empties strName where the list holds no blacklist.
+    /// Assigns the name of the blacklist; the empty text if the list holds none.
     void GetBlacklistGroupName(qz::basic_string<char>& strName) const;
 
-    // Writes the default group file to the path given, over what is there. Always 1.
+    /// - Returns: 1, always.
+    /// - Writes: the default group file to the path given, over what is there.
     int CreateContactGroupList(const qz::basic_string<char>& strPath);
 
-    // Always 1. Writes the group file while the group list is marked as changed, which no host
-    // ever sees: from outside it writes nothing.
+    /// Called from outside it has nothing to save.
+    /// - Returns: 1, always.
     int SaveGroupToXml();
 
-    // Reads the group file again and renumbers the groups. 1, or 0 where the file has no
-    // root_group, which empties the list, or an element was refused: an empty name, a name equal to
-    // an earlier one, one above the limit. Groups held before take no new slot. Writes nothing
-    // but a default file where none is there. Contacts still have their old ids: call
-    // ReloadContactXml() at once.
+    /// Reads the group file again. Groups that were held before take no new slot. Contacts keep
+    /// their old ids, so call ReloadContactXml() at once.
+    /// - Returns: 1; 0 if the file has no root_group, which empties the list, if an element was
+    ///   refused (no name, a name equal to an earlier one, above the limit), or if memory ran
+    ///   short.
+    /// - Writes: the default group file if there is none.
+    /// - Ids: all ids of user groups end.
     int ReloadGroupXml();
 
     // -- Group editing: group_editing.cpp --
 
-    // Adds a user group and returns its position; over an empty group list that is 0, and the
-    // fixed groups, made on the way, stand before it afterwards. Refusals: DIR_RET_RELOADING;
-    // DIR_RET_GROUP_EXIST, the exact name is there; DIR_RET_GROUP_FULL; DIR_RET_GROUP_ID_FAIL, no
-    // id to be had; DIR_RET_INVALID, the name is empty; DIR_RET_GROUP_EXIST, a user group's name
-    // is equal under strcasecmp; DIR_RET_NO_MEMORY. Writes the group file once, then reads both
-    // files. All ids of user groups end.
+    /// Adds a user group.
+    /// - Returns: its position. Over an empty group list that is 0; the fixed groups, which are
+    /// made
+    ///   on the way, are before it afterwards.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_GROUP_EXIST, the exact name exists
+    ///   4. DIR_RET_GROUP_FULL
+    ///   5. DIR_RET_GROUP_ID_FAIL, there is no id to be had
+    ///   6. DIR_RET_INVALID, the name is empty
+    ///   7. DIR_RET_GROUP_EXIST, a user group's name is equal under strcasecmp
+    ///   8. DIR_RET_NO_MEMORY
+    /// - Writes: the group file. Then it reads both files.
+    /// - Ids: all ids of user groups end.
     int AddGroup(const ContactGroupData& data);
 
-    // Gives the group strName the ring and the name of data and returns its position. Refusals:
-    // DIR_RET_RELOADING; DIR_RET_INVALID, strName is empty; DIR_RET_INVALID, no group of that name.
-    // With the same name, the ring is set: writes the group file once where it differs, else
-    // nothing; ids stay. The ring of a fixed group does not outlive the next load.
-    // With a new name there are further refusals: DIR_RET_GROUP_EXIST, the exact name is there;
-    // DIR_RET_GROUP_FULL, the other groups reach the limit, or a fixed group is renamed and no slot
-    // is left for the one that comes back in its place; DIR_RET_INVALID, the new name is empty;
-    // DIR_RET_GROUP_EXIST, another user group's name is equal under strcasecmp;
-    // DIR_RET_CONTACT_FULL, "Blacklist" is renamed and its contacts do not all fit under the limit
-    // of ordinary ones. Writes the contact file, then the group file, then reads both. All ids of
-    // user groups end. The contacts go with the name, all but those that keep the name of a missing
-    // group. A fixed group comes back beside the renamed one, which is a user group from now on:
-    // contacts of a renamed blacklist are no longer blocked. The position returned is the one that
-    // the renamed group had before the fixed one came back.
+    /// Gives the group strName the ring and the name of data. A rename takes the contacts along,
+    /// except those that keep the name of a missing group. A fixed group that is renamed comes back
+    /// beside the renamed one, which is a user group from then on: contacts of a renamed blacklist
+    /// are no longer blocked. The ring of a fixed group is lost at the next load.
+    /// - Returns: the position of the group, counted before a renamed fixed group comes back.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_INVALID, strName is empty
+    ///   4. DIR_RET_INVALID, there is no group strName
+    /// - A rename also refuses, in order:
+    ///   1. DIR_RET_GROUP_EXIST, the exact name exists
+    ///   2. DIR_RET_GROUP_FULL, the other groups reach the limit, or a fixed group is renamed and
+    ///   no
+    ///      slot is left for the one that comes back
+    ///   3. DIR_RET_INVALID, the new name is empty
+    ///   4. DIR_RET_GROUP_EXIST, another user group's name is equal under strcasecmp
+    ///   5. DIR_RET_CONTACT_FULL, "Blacklist" is renamed and its contacts do not all fit under the
+    ///      limit of ordinary ones
+    ///   6. DIR_RET_NO_MEMORY
+    /// - Writes: with the same name, the group file if the ring differs, else nothing. For a
+    /// rename,
+    ///   the contact file, then the group file; then it reads both.
+    /// - Ids: a rename ends all ids of user groups.
     int UpdateGroupData(const qz::basic_string<char>& strName, const ContactGroupData& data);
 
-    // Removes a user group; its contacts go to "All Contacts". 1. Refusals: DIR_RET_RELOADING;
-    // DIR_RET_GROUP_NOT_FOUND; DIR_RET_GROUP_READ_ONLY, a fixed group. Writes the contact file,
-    // twice where the group held contacts, then the group file, then reads both. All ids of user
-    // groups end.
+    /// Removes a user group. Its contacts go to "All Contacts".
+    /// - Returns: 1.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_GROUP_NOT_FOUND
+    ///   4. DIR_RET_GROUP_READ_ONLY, a fixed group
+    /// - Writes: the contact file, twice if the group held contacts, then the group file. Then it
+    ///   reads both.
+    /// - Ids: all ids of user groups end.
     int RemoveGroup(const qz::basic_string<char>& strName);
 
-    // Removes all user groups; their contacts go to "All Contacts". 1. Refusals: DIR_RET_RELOADING;
-    // DIR_RET_GROUP_NOT_FOUND, there is none. Writes the contact file once for each group that held
-    // contacts, then the group file. Only the fixed ids are left.
+    /// Removes all user groups. Their contacts go to "All Contacts".
+    /// - Returns: 1.
+    /// - Refuses, in order: DIR_RET_RELOADING; DIR_RET_NO_MEMORY, from an earlier shortage;
+    ///   DIR_RET_GROUP_NOT_FOUND, there is none.
+    /// - Writes: the contact file once for each group that held contacts, then the group file.
+    /// - Ids: only the fixed ids are left.
     int RemoveAllGroup();
 
     // -- Group listing: group_listing.cpp --
+    // If the blacklist is hidden, the indexes of a page are not the positions of the group list.
 
-    // Where the blacklist is hidden the indexes of a page are not the positions of the group list.
-
-    // A page of names and ids, with the blacklist where the configuration shows it. 1, or 0 for
-    // null. The total is -1 over an empty group list with the blacklist hidden.
+    /// A page of names and ids, with the blacklist if the configuration shows it.
+    /// - Returns: 1; 0 for null. The total is -1 over an empty group list with the blacklist
+    /// hidden.
     int GetGroupSimpleList(ContactGroupSimpleListData* pList) const;
 
-    // A page of names and rings, without the blacklist, whatever bWithBlacklist says. 1, or 0 for
-    // null. The total is -1 over an empty group list.
+    /// A page of names and rings, without the blacklist, whatever bWithBlacklist says.
+    /// - Returns: 1; 0 for null. The total is -1 over an empty group list.
     int GetGroupList(ContactGroupListData* pList, bool bWithBlacklist) const;
 
-    // 1 and the group; 0, with pData untouched, for null and for an id of no group.
+    /// - Returns: 1 and the group; 0, with pData untouched, for null and for an id of no group.
     int GetGroupDataByID(ContactGroupData* pData, int nId) const;
 
     // -- Contact queries and the contact file: contact_store.cpp, contact_file.cpp --
-    // One list holds the contacts of all groups in ascending order of names. Empty names find
+    // One list holds the contacts of all groups in ascending order of names. An empty name finds
     // nothing, though one contact may have an empty name.
 
     bool IsContactExist(const qz::basic_string<char>& strName) const;
 
-    // The id of the contact's group; -1 where there is no such contact.
+    /// - Returns: the id of the contact's group; -1 if there is no such contact.
     int GetContactGroupId(const qz::basic_string<char>& strName) const;
 
-    // Always 1. As SaveGroupToXml(): from outside it writes nothing.
+    /// Called from outside it has nothing to save.
+    /// - Returns: 1, always.
     int SaveContactToXml();
 
-    // Reads the contact file again. 1, or 0 where there is no file or the file has no root_contact,
-    // which both empty the list, or an element was refused: a name equal to an earlier one, one
-    // above its limit. Contacts held before take no new slot. Writes nothing. Group ids stay.
+    /// Reads the contact file again. Contacts that were held before take no new slot.
+    /// - Returns: 1; 0 if there is no file or no root_contact in it, which both empty the list, if
+    /// an
+    ///   element was refused (a name equal to an earlier one, above its limit), or if memory ran
+    ///   short.
+    /// - Writes: nothing.
     int ReloadContactXml();
 
     // -- Adding and updating contacts: contact_entry.cpp --
-    // The adds return how many contacts of the group stand before the new one, and one more where
-    // the one behind it is of the group too; for "All Contacts" every contact counts. Photos are
-    // taken on colour screens only, data.m_strGroupName is not read. Each writes the contact file
-    // once; ids stay.
+    // Photos are taken on colour screens only. Ids stay.
 
-    // Refusals: DIR_RET_RELOADING; DIR_RET_GROUP_NOT_FOUND; then those of AddContactById.
+    /// Adds a contact to the group of that name. data.m_strGroupName is not read.
+    /// - Returns: how many contacts of the group are before the new one, and one more if the next
+    ///   contact in the list is of the group too; for "All Contacts" every contact counts.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_GROUP_NOT_FOUND
+    ///   4. DIR_RET_BLACK_FULL for the blacklist, DIR_RET_CONTACT_FULL for any other group
+    ///   5. DIR_RET_CONTACT_EXIST, a contact's name is equal under strcasecmp, in whichever group
+    ///   6. DIR_RET_NO_MEMORY
+    /// - Writes: the contact file.
     int AddContact(const qz::basic_string<char>& strGroupName, const ContactGeneralItemData& data);
 
-    // Refusals: DIR_RET_RELOADING; DIR_RET_GROUP_ID_FAIL, no group of that id; DIR_RET_BLACK_FULL
-    // for the blacklist, DIR_RET_CONTACT_FULL for any other group; DIR_RET_CONTACT_EXIST, a
-    // contact's name is equal under strcasecmp, in whichever group; DIR_RET_NO_MEMORY.
+    /// As AddContact(), by the id of the group. An id of no group is refused with
+    /// DIR_RET_GROUP_ID_FAIL in place of DIR_RET_GROUP_NOT_FOUND.
     int AddContactById(int nGroupId, const ContactGeneralItemData& data);
 
-    // AddContactById with the id of the blacklist.
+    /// As AddContactById() with the id of the blacklist.
     int AddBlackContact(const ContactGeneralItemData& data);
 
-    // Gives the contact strName the values of data, its group by data.m_strGroupName. Refusals:
-    // DIR_RET_RELOADING; DIR_RET_EMPTY_KEY, strName is empty; DIR_RET_CONTACT_NOT_FOUND;
-    // DIR_RET_GROUP_NOT_FOUND; DIR_RET_CONTACT_EXIST, another contact has the new name.
-    // With the same name: DIR_RET_BLACK_FULL for a move into the blacklist, DIR_RET_CONTACT_FULL
-    // for one out of it. Returns how many contacts of the target group, or of all for
-    // "All Contacts", stand before and at the contact, counted ahead of the change. Writes the
-    // contact file once where a value differs, else nothing. With a new name the contact is put in
-    // afresh: DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL, the others of the target's side reach the
-    // limit; DIR_RET_CONTACT_EXIST, another contact's name is equal under strcasecmp;
-    // DIR_RET_NO_MEMORY. Returns what an add returns. Writes the contact file once. On plain
-    // screens its photo is lost. Ids stay.
+    /// Gives the contact strName the values of data; data.m_strGroupName names its group. A rename
+    /// puts the contact in afresh, so on plain screens its photo is lost.
+    /// - Returns: with the same name, how many contacts of the target group, or of all for "All
+    ///   Contacts", are before and at the contact, counted before the change. For a rename, what
+    ///   AddContact() returns.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_EMPTY_KEY, strName is empty
+    ///   4. DIR_RET_CONTACT_NOT_FOUND
+    ///   5. DIR_RET_GROUP_NOT_FOUND
+    ///   6. DIR_RET_CONTACT_EXIST, another contact has exactly the new name
+    /// - With the same name it also refuses: DIR_RET_BLACK_FULL for a move into the blacklist,
+    ///   DIR_RET_CONTACT_FULL for one out of it.
+    /// - A rename also refuses, in order:
+    ///   1. DIR_RET_BLACK_FULL or DIR_RET_CONTACT_FULL, the others of the target's side reach the
+    ///      limit
+    ///   2. DIR_RET_CONTACT_EXIST, another contact's name is equal under strcasecmp
+    ///   3. DIR_RET_NO_MEMORY
+    /// - Writes: the contact file; nothing if the name is the same and no value differs.
     int UpdateContactData(const qz::basic_string<char>& strName,
                           const ContactGeneralItemData& data);
 
     // -- Removing contacts: contact_removal.cpp --
-    // Rings and photos are paths: the files that they name are not touched. Ids stay.
+    // The files of rings and photos are not touched. Ids stay.
 
-    // 1. Refusals: DIR_RET_RELOADING; DIR_RET_CONTACT_NOT_FOUND. An empty name removes the contact
-    // of the empty name. Writes the contact file once.
+    /// Removes one contact. An empty name removes the contact without a name.
+    /// - Returns: 1.
+    /// - Refuses, in order: DIR_RET_RELOADING; DIR_RET_NO_MEMORY, from an earlier shortage;
+    ///   DIR_RET_CONTACT_NOT_FOUND.
+    /// - Writes: the contact file.
     int RemoveContact(const qz::basic_string<char>& strName);
 
-    // Removes those named that are there. 1, also where none is. Refusals: DIR_RET_RELOADING.
-    // Writes the contact file once where a contact went, else nothing.
+    /// Removes the named contacts that exist.
+    /// - Returns: 1, even if none does.
+    /// - Refuses, in order: DIR_RET_RELOADING; DIR_RET_NO_MEMORY, from an earlier shortage.
+    /// - Writes: the contact file if a contact was removed, else nothing.
     int RemoveContactList(const QZList<qz::basic_string<char>>& listName);
 
-    // Removes the contacts of a group; GROUP_ID_ALL removes every contact, the blacklisted ones
-    // too. 1, also where none went; 0, not a code, while the directory takes no changes. Writes
-    // the contact file once where a contact went, else nothing.
+    /// Removes the contacts of a group. GROUP_ID_ALL removes every contact, blacklisted ones too.
+    /// - Returns: 1, even if there was none; 0, not a code, while the directory takes no changes.
+    /// - Refuses: DIR_RET_NO_MEMORY, from an earlier shortage.
+    /// - Writes: the contact file if a contact was removed, else nothing.
     int RemoveAllContacts(int nGroupId);
 
     // -- Moving contacts and the blacklist: contact_moves.cpp --
-    // A move changes the contact's group and nothing else. In the three by group name, contacts
-    // that cross the border of the blacklist need a free slot on the other side; names of no
-    // contact need none and are no failure there. Each writes the contact file once where a contact
-    // moved, else nothing. Ids stay.
+    // A move changes the contact's group and nothing else. In the three calls by group name,
+    // contacts that cross the border of the blacklist need a free slot on the other side; a name of
+    // no contact needs none and is no failure there. Ids stay.
 
-    // 0 where the named contacts fit into the group. Refusals: DIR_RET_RELOADING;
-    // DIR_RET_GROUP_NOT_FOUND; DIR_RET_BLACK_FULL for the blacklist, DIR_RET_CONTACT_FULL for any
-    // other group, also where no slot is needed but the count is above the limit. Writes nothing.
-    // listName stays as it was.
+    /// Tests whether the named contacts fit into the group. listName stays as it was.
+    /// - Returns: 0 if they do.
+    /// - Refuses, in order: DIR_RET_RELOADING; DIR_RET_GROUP_NOT_FOUND; DIR_RET_BLACK_FULL for the
+    ///   blacklist or DIR_RET_CONTACT_FULL for any other group, even if no slot is needed but the
+    ///   count is above the limit.
+    /// - Writes: nothing.
     int IsListCanMove(QZList<qz::basic_string<char>>& listName,
                       const qz::basic_string<char>& strGroupName);
 
-    // 0, all named contacts moved. Refusals: those of IsListCanMove, none moved. listName stays.
+    /// Moves the named contacts, all or none. listName stays as it was.
+    /// - Returns: 0.
+    /// - Refuses: as IsListCanMove(), with DIR_RET_NO_MEMORY from an earlier shortage after
+    ///   DIR_RET_RELOADING.
+    /// - Writes: the contact file if a contact moved, else nothing.
     int MoveListToGroup(QZList<qz::basic_string<char>>& listName,
                         const qz::basic_string<char>& strGroupName);
 
-    // 0, also where the name is empty or of no contact. Refusals: those of IsListCanMove.
+    /// As MoveListToGroup() for one contact. An empty name moves nothing.
     int MoveContactToGroup(const qz::basic_string<char>& strName,
                            const qz::basic_string<char>& strGroupName);
 
-    // 1. It tests no limit. Refusals: DIR_RET_RELOADING; DIR_RET_CONTACT_NOT_FOUND;
-    // DIR_RET_GROUP_NOT_FOUND.
+    /// Moves one contact and tests no limit.
+    /// - Returns: 1.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_RELOADING
+    ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   3. DIR_RET_CONTACT_NOT_FOUND
+    ///   4. DIR_RET_GROUP_NOT_FOUND
+    /// - Writes: the contact file if the contact moved, else nothing.
     int SetContactGroupId(const qz::basic_string<char>& strName, int nGroupId);
 
-    // Takes a contact out of the blacklist, into "All Contacts". 1. It tests no limit. Refusals:
-    // DIR_RET_NOT_BLACK, also for a name of no contact; then those of SetContactGroupId.
+    /// Takes a contact out of the blacklist, into "All Contacts", and tests no limit.
+    /// - Returns: 1.
+    /// - Refuses, in order: DIR_RET_NO_MEMORY, from an earlier shortage; DIR_RET_NOT_BLACK, also
+    /// for
+    ///   a name of no contact; DIR_RET_RELOADING.
+    /// - Writes: the contact file.
     int Black2Local(const qz::basic_string<char>& strName);
 
-    // Puts a contact into the blacklist. 1. Refusals: DIR_RET_BLACK_FULL, the count equals the
-    // limit; DIR_RET_ALREADY_BLACK; then those of SetContactGroupId.
+    /// Puts a contact into the blacklist.
+    /// - Returns: 1.
+    /// - Refuses, in order:
+    ///   1. DIR_RET_NO_MEMORY, from an earlier shortage
+    ///   2. DIR_RET_BLACK_FULL, the count equals the limit
+    ///   3. DIR_RET_ALREADY_BLACK
+    ///   4. DIR_RET_RELOADING
+    ///   5. DIR_RET_CONTACT_NOT_FOUND
+    ///   6. DIR_RET_GROUP_NOT_FOUND, the group list is empty
+    /// - Writes: the contact file.
     int Local2Black(const qz::basic_string<char>& strName);
 
     // -- Contact listing and reading: contact_reading.cpp --
     // A contact whose group is missing counts but is not handed out.
 
-    // 1 and the contact; 0, with pData untouched, where there is no such contact, pData is null or
-    // the contact's group is missing. On plain screens the photo fields of pData are untouched.
+    /// On plain screens the photo fields of pData are untouched.
+    /// - Returns: 1 and the contact; 0, with pData untouched, if there is no such contact, pData is
+    ///   null or the contact's group is missing.
     int GetContactDataByName(ContactGeneralItemData* pData,
                              const qz::basic_string<char>& strName) const;
 
-    // A page of the group's contacts; "All Contacts" lists all but the blacklisted ones. 1, or 0,
-    // with pList untouched, for null and for a group that is not there.
+    /// A page of the group's contacts. "All Contacts" lists all but the blacklisted ones.
+    /// - Returns: 1; 0, with pList untouched, for null and for a group that does not exist.
     int GetContactList(ContactGeneralItemListData* pList,
                        const qz::basic_string<char>& strGroupName) const;
-    int GetContactListById(ContactGeneralItemListData* pList, int nGroupId) const;
+    int GetContactListById(ContactGeneralItemListData* pList, int nGroupId) const;  ///< The same.
 
     // -- Lookup by number: number_lookup.cpp --
-    // A number matches one of a contact's three numbers byte for byte, nothing else: hosts
-    // normalise numbers before they store and ask. Of several contacts with the number the first in
-    // the list answers. Null and empty numbers match nothing. One walk of the list for a number.
+    // A number matches one of a contact's three numbers byte for byte, nothing else: hosts bring
+    // numbers into one form before they store and ask. Of several contacts with the number the
+    // first in the list answers. Null and empty numbers match nothing.
 
-    // The contact's display name; empty where there is none.
+    /// - Returns: the contact's display name; empty if there is none.
     qz::basic_string<char> GetContactNameByPhoneNumber(const char* pNumber) const;
 
-    // True where the contact that answers to the number is blacklisted.
+    /// - Returns: true if the contact that answers to the number is blacklisted.
     bool IsBlackContactNumber(const char* pNumber) const;
 
-    // 1 and the contact; 0, with pData untouched, for null pointers, for no such contact and for
-    // one whose group is missing.
+    /// - Returns: 1 and the contact; 0, with pData untouched, for null pointers, for no such
+    /// contact
+    ///   and for one whose group is missing.
     int GetContactDataByNumber(ContactGeneralItemData* pData, const char* pNumber) const;
 
-    // The same, by display name first and, where no contact bears it, by number.
+    /// The same by display name and, only if no contact has that, by number.
     int GetContactData(ContactGeneralItemData* pData, const qz::basic_string<char>& strName,
                        const qz::basic_string<char>& strNumber) const;
 
     // -- Rings and photos: ring_and_photo.cpp --
 
-    // The ring to play for a number: the contact's where its file exists, else that of its group,
-    // whose file is not tested; empty where there is neither. pSecond has no effect.
+    /// The ring to play for a number. pSecond has no effect.
+    /// - Returns: the contact's ring if its file exists, else that of its group, whose file is not
+    ///   tested; empty if there is neither.
     qz::basic_string<char> GetContactRingByNumber(const char* pNumber, const char* pSecond) const;
 
-    // The name, not the ring, of the contact's group; empty where either is missing.
+    /// - Returns: the name, not the ring, of the contact's group; empty if either is missing.
     qz::basic_string<char> GetGroupRingByContact(const qz::basic_string<char>& strName) const;
 
-    // Gives every contact with exactly this photo the default image. 0, also where none has it.
-    // Refusals: DIR_RET_NULL_ARGUMENT. It works also while the directory takes no changes. Writes
-    // the contact file once in every case. Ids stay.
+    /// Gives every contact with exactly this photo the default image. It works even while the
+    /// directory takes no changes.
+    /// - Returns: 0, even if no contact has it.
+    /// - Refuses, in order: DIR_RET_NULL_ARGUMENT; DIR_RET_NO_MEMORY, from an earlier shortage.
+    /// - Writes: the contact file in every case.
     int SetDefaultPhoto(const char* pPhoto);
 
     // -- Export: export_file.cpp --
 
-    // Writes groups and contacts into one file at the path, over what is there; an empty path
-    // means contact_xported.xml in the data folder. Always 1. The two files stay as they
-    // are, unless the path is one of theirs. If the path is a pipe whose reader has left, SIGPIPE
-    // ends the process, unless the host ignores that signal.
+    /// Exports groups and contacts into one file. If the path is a pipe whose reader has left,
+    /// SIGPIPE ends the process unless the host ignores that signal.
+    /// - Returns: 1, always.
+    /// - Writes: the file at the path, over what is there; contact_xported.xml in the data folder
+    /// if
+    ///   the path is empty. The two files stay as they are, unless the path is one of theirs.
     int ExportContactAndGroup(qz::basic_string<char> strPath);
 
   private:

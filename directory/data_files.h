@@ -1,11 +1,12 @@
-// The two files of the directory and the folder in which they lie: the same for the library, for
-// hosts, companions and tools.
+/// \file
+/// The two files of the directory and the folder in which they lie: the same for the library, for
+/// hosts, companions and tools.
 
 #ifndef NSDIRECTORY_DIRECTORY_DATA_FILES_H
 #define NSDIRECTORY_DIRECTORY_DATA_FILES_H
 
-// The folder, with a slash at its end. A build for workstation use sets a relative one, and then
-// for everything that includes this header alike.
+/// The folder, with a slash at its end. A build for workstation use sets a relative one, and then
+/// for everything that includes this header alike.
 #ifndef NSDIRECTORY_DATA_DIR
 #define NSDIRECTORY_DATA_DIR "/config/data/"
 #endif
@@ -17,10 +18,10 @@ static_assert(DATA_DIR[sizeof(DATA_DIR) - 2] == '/', "file names follow the fold
 
 inline constexpr char GROUP_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_group_list.xml";
 inline constexpr char CONTACT_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_list.xml";
-// What an export to an empty path writes.
+/// What an export to an empty path writes.
 inline constexpr char EXPORT_FILE_PATH[] = NSDIRECTORY_DATA_DIR "contact_xported.xml";
 
-// The same without the folder.
+/// The same without the folder.
 inline constexpr const char* GROUP_FILE_NAME = GROUP_FILE_PATH + sizeof(DATA_DIR) - 1;
 inline constexpr const char* CONTACT_FILE_NAME = CONTACT_FILE_PATH + sizeof(DATA_DIR) - 1;
 

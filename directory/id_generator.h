@@ -1,4 +1,5 @@
-// Gives the ids of groups that are added.
+/// \file
+/// Gives the ids of groups that are added.
 
 #ifndef NSDIRECTORY_DIRECTORY_ID_GENERATOR_H
 #define NSDIRECTORY_DIRECTORY_ID_GENERATOR_H
@@ -12,15 +13,15 @@ namespace NS_DIRECTORY {
 class NSDIRECTORY_API CRIdGenerator
 {
   public:
-    // Takes n as the id given last, and returns it.
+    /// Takes n as the id given last, and returns it.
     int SetBegin(int n)
     {
         m_nLast = n;
         return n;
     }
 
-    // The id after the one given last. It does not look at the ids in use. After the largest int
-    // it goes on with the smallest, and so with ids that no group can take.
+    /// The id after the one given last. It does not look at the ids in use. After the largest int
+    /// it goes on with the smallest, and so with ids that no group can take.
     int GenId()
     {
         m_nLast = m_nLast == INT_MAX ? INT_MIN : m_nLast + 1;

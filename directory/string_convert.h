@@ -1,4 +1,5 @@
-// Conversion of a text to lower or upper case.
+/// \file
+/// Conversion of a text to lower or upper case.
 
 #ifndef NSDIRECTORY_DIRECTORY_STRING_CONVERT_H
 #define NSDIRECTORY_DIRECTORY_STRING_CONVERT_H
@@ -14,9 +15,9 @@ enum StringConvertType : int
     STRING_CONVERT_TO_UPPER = 2
 };
 
-// A copy of text with each byte taken through tolower or toupper of the current locale. It works
-// on bytes: a letter of several bytes, as in UTF-8, stays as it is in the locales where
-// its bytes have no case. Any other type copies the text unchanged.
+/// A copy of text with each byte taken through tolower or toupper of the current locale. It works
+/// on bytes: a letter of several bytes, as in UTF-8, stays as it is in the locales where
+/// its bytes have no case. Any other type copies the text unchanged.
 NSDIRECTORY_API qz::basic_string<char> commonAPI_StringConvert(const qz::basic_string<char>& text,
                                                                StringConvertType type);
 
