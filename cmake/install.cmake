@@ -15,6 +15,14 @@ set(INSTALLED_LIBRARIES nsdirectory nsdirectory_platform_host)
 if(BUILD_SHARED_LIBS)
   list(APPEND INSTALLED_LIBRARIES nsdirectory_static)
 endif()
+if(NSDIRECTORY_BUILD_SAFEKEEPING)
+  list(APPEND INSTALLED_LIBRARIES nsdirectory_safekeeping)
+  if(BUILD_SHARED_LIBS)
+    list(APPEND INSTALLED_LIBRARIES nsdirectory_safekeeping_static)
+  endif()
+  install(FILES safekeeping/safe_copy.h
+    DESTINATION ${HEADER_DIR}/safekeeping COMPONENT development)
+endif()
 set_target_properties(nsdirectory_platform_host PROPERTIES EXPORT_NAME platform_host)
 install(TARGETS ${INSTALLED_LIBRARIES} EXPORT nsdirectory-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
@@ -49,7 +57,11 @@ cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
 if(NSDIRECTORY_DATA_DIR)
   set(DATA_DIR_CFLAG " -DNSDIRECTORY_DATA_DIR='\"${NSDIRECTORY_DATA_DIR}\"'")
 endif()
-foreach(name nsdirectory nsdirectory-platform-host)
+set(PKGCONFIG_NAMES nsdirectory nsdirectory-platform-host)
+if(NSDIRECTORY_BUILD_SAFEKEEPING)
+  list(APPEND PKGCONFIG_NAMES nsdirectory-safekeeping)
+endif()
+foreach(name ${PKGCONFIG_NAMES})
   configure_file(cmake/${name}.pc.in ${GENERATED_DIR}/${name}.pc @ONLY)
   install(FILES ${GENERATED_DIR}/${name}.pc DESTINATION ${PKGCONFIG_DIR} COMPONENT development)
 endforeach()
@@ -74,6 +86,8 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The companion needs the library, which comes with it.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
@@ -81,14 +95,15 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libnsdirectory${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
-  "The shared library. It keeps contacts, groups and a blacklist in two files.")
+  "The shared libraries: the phone book, which keeps contacts, groups and a blacklist in
+two files, and the companion that guards its edits against power cuts and full disks.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnsdirectory-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libnsdirectory${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libpugixml-dev (>= 1.13)")
+  "libnsdirectory${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libpugixml-dev (>= 1.13), zlib1g-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
-  "What a host is built with: headers, the static library, a workstation's device
+  "What a host is built with: headers, the static libraries, a workstation's device
 services, CMake package, pkg-config files and pretty printers for gdb.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME nsdirectory-tools)

@@ -1,0 +1,236 @@
+// The pair of files and the pair of copies. Each step is durable before the next one begins.
+
+#include "safekeeping/internal/file_pair.h"
+
+#include "directory/data_files.h"
+
+namespace NS_DIRECTORY {
+namespace {
+
+struct NamesData
+{
+    const char* m_pFile;
+    const char* m_pCopy;
+    const char* m_pNewCopy;   // in the folder of the copies, until it is whole
+    const char* m_pBackCopy;  // in the data folder, until it is whole
+};
+
+constexpr NamesData NAMES[SAFE_FILE_COUNT] = {
+    {GROUP_FILE_NAME, "safe_copy.groups", "safe_copy.groups.new", "safe_copy.groups.back"},
+    {CONTACT_FILE_NAME, "safe_copy.contacts", "safe_copy.contacts.new", "safe_copy.contacts.back"}};
+constexpr char MANIFEST[] = "safe_copy.manifest";
+constexpr char NEW_MANIFEST[] = "safe_copy.manifest.new";
+constexpr char MARK[] = "safe_copy.mark";
+
+}  // namespace
+
+CFilePair::CFilePair(const char* pCopyFolder) : m_data(DATA_DIR), m_copies(pCopyFolder) {}
+
+bool CFilePair::ReadFiles(FilePairData& files) const
+{
+    bool bRead = true;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        bRead = m_data.Read(NAMES[n].m_pFile, files[n]) && bRead;
+    }
+    return bRead;
+}
+
+bool CFilePair::SyncFiles() const
+{
+    return m_data.SyncFile(GROUP_FILE_NAME) && m_data.SyncFile(CONTACT_FILE_NAME) && m_data.Sync();
+}
+
+bool CFilePair::RemoveFile(int nFile) const
+{
+    return m_data.Remove(NAMES[nFile].m_pFile);
+}
+
+FileForm CFilePair::FormOfFile(int nFile) const
+{
+    return ReadForm(m_data, NAMES[nFile].m_pFile, nFile);
+}
+
+ComparisonData CFilePair::CompareFile(const CContactLocalManager& directory, int nFile) const
+{
+    return Compare(directory, m_data, NAMES[nFile].m_pFile, nFile);
+}
+
+CopyState CFilePair::FindCopy()
+{
+    const ManifestState manifest = ReadManifest(m_copies, MANIFEST, m_manifest);
+    CopyState state = CopyState::WHOLE;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const CopyState one = MyFindSource(n);
+        state = one == CopyState::WHOLE || state == CopyState::UNREADABLE ? state : one;
+    }
+    m_bManifest = manifest == ManifestState::THERE;
+    if (m_bManifest) {
+        return state;
+    }
+    m_manifest = ManifestData();
+    return manifest == ManifestState::MISSING ? CopyState::LOST : CopyState::UNREADABLE;
+}
+
+CopyState CFilePair::MyFindSource(int nFile)
+{
+    const FileData& wanted = m_manifest.m_arrFile[nFile];
+    const bool bCopyRead = m_copies.Read(NAMES[nFile].m_pCopy, m_arrCopy[nFile]);
+    m_arrSource[nFile] = Source::NOTHING;
+    if (!wanted.m_bPresent) {
+        return CopyState::WHOLE;
+    }
+    if (bCopyRead && HoldSame(m_arrCopy[nFile], wanted)) {
+        m_arrSource[nFile] = Source::COPY;
+        return CopyState::WHOLE;
+    }
+    FileData inPlace;
+    const bool bFileRead = m_data.Read(NAMES[nFile].m_pFile, inPlace);
+    if (bFileRead && HoldSame(inPlace, wanted)) {
+        m_arrSource[nFile] = Source::IN_PLACE;
+        return CopyState::WHOLE;
+    }
+    return bCopyRead && bFileRead ? CopyState::LOST : CopyState::UNREADABLE;
+}
+
+bool CFilePair::IsCopySound(bool& bKnown) const
+{
+    bKnown = true;
+    bool bSound = true;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const FileForm form = m_arrSource[n] == Source::COPY
+                                  ? ReadForm(m_copies, NAMES[n].m_pCopy, n)
+                                  : FormOfFile(n);
+        bKnown = bKnown && (form != FileForm::UNKNOWN);
+        bSound = bSound && (form == FileForm::WHOLE || m_arrSource[n] == Source::NOTHING);
+    }
+    return bSound;
+}
+
+bool CFilePair::MyIsCopyOf(int nFile, const FileData& file) const
+{
+    return HoldSame(m_arrCopy[nFile], file) && IsNoMoreOpen(m_arrCopy[nFile], file);
+}
+
+bool CFilePair::HoldsCopyOf(const FilePairData& files) const
+{
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const bool bCopied = !files[n].m_bPresent || MyIsCopyOf(n, files[n]);
+        if (!bCopied || !HoldSame(m_manifest.m_arrFile[n], files[n])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CFilePair::Renew(const FilePairData& files)
+{
+    if (!MyWriteCopies(files) || !MyRenameCopies(files) || !m_copies.Sync()) {
+        RemoveLeftovers();
+        return false;
+    }
+    ManifestData manifest;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        manifest.m_arrFile[n] = files[n];
+    }
+    bool bUnused = false;
+    // Last: until then the copies are no pair.
+    return WriteManifest(m_copies, NEW_MANIFEST, manifest) &&
+           m_copies.Rename(NEW_MANIFEST, m_copies, MANIFEST, bUnused) && m_copies.Sync();
+}
+
+// All copies are written before the first replaces an old one: a full disk then costs none of them.
+bool CFilePair::MyWriteCopies(const FilePairData& files) const
+{
+    RemoveLeftovers();
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const bool bNeeded = files[n].m_bPresent && !MyIsCopyOf(n, files[n]);
+        if (bNeeded &&
+            !m_copies.WriteCopy(NAMES[n].m_pNewCopy, m_data, NAMES[n].m_pFile, files[n])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CFilePair::MyRenameCopies(const FilePairData& files) const
+{
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        bool bUnused = false;
+        const bool bNeeded = files[n].m_bPresent && !MyIsCopyOf(n, files[n]);
+        if (bNeeded && !m_copies.Rename(NAMES[n].m_pNewCopy, m_copies, NAMES[n].m_pCopy, bUnused)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CFilePair::PutBack(int nFirst, bool bMarked)
+{
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const int nFile = n == 0 ? nFirst : SAFE_FILE_COUNT - 1 - nFirst;
+        if (!MyPutBackOne(nFile, bMarked) || !m_data.Sync() || !m_copies.Sync()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool CFilePair::MyPutBackOne(int nFile, bool bMarked) const
+{
+    const NamesData& names = NAMES[nFile];
+    if (m_arrSource[nFile] == Source::NOTHING) {
+        return m_data.Remove(names.m_pFile);
+    }
+    if (m_arrSource[nFile] == Source::IN_PLACE) {
+        return m_data.SyncFile(names.m_pFile);
+    }
+    bool bOtherFileSystem = false;
+    if (m_copies.Rename(names.m_pCopy, m_data, names.m_pFile, bOtherFileSystem)) {
+        return true;
+    }
+    if (!bOtherFileSystem) {
+        return false;
+    }
+    // A full disk has room for the copy once the damaged file is gone.
+    return MyWriteBack(nFile) || (bMarked && m_data.Remove(names.m_pFile) && MyWriteBack(nFile));
+}
+
+bool CFilePair::MyWriteBack(int nFile) const
+{
+    const NamesData& names = NAMES[nFile];
+    bool bUnused = false;
+    return m_data.Remove(names.m_pBackCopy) &&
+           m_data.WriteCopy(names.m_pBackCopy, m_copies, names.m_pCopy, m_arrCopy[nFile]) &&
+           m_data.Rename(names.m_pBackCopy, m_data, names.m_pFile, bUnused);
+}
+
+MarkState CFilePair::FindMark() const
+{
+    FileData mark;
+    if (!m_copies.Read(MARK, mark)) {
+        return MarkState::UNREADABLE;
+    }
+    return mark.m_bPresent ? MarkState::SET : MarkState::CLEAR;
+}
+
+bool CFilePair::SetMark() const
+{
+    return (FindMark() == MarkState::SET || m_copies.Write(MARK, "", 0)) && m_copies.Sync();
+}
+
+bool CFilePair::ClearMark() const
+{
+    return m_copies.Remove(MARK) && m_copies.Sync();
+}
+
+void CFilePair::RemoveLeftovers() const
+{
+    // One that stays makes the next copy fail, which says so.
+    for (const NamesData& names : NAMES) {
+        (void)m_copies.Remove(names.m_pNewCopy);
+        (void)m_data.Remove(names.m_pBackCopy);
+    }
+    (void)m_copies.Remove(NEW_MANIFEST);
+}
+
+}  // namespace NS_DIRECTORY

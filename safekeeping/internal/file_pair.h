@@ -1,0 +1,95 @@
+// The two files of the directory and their copies, always both together: how the copies are made,
+// how they are put back, and the mark that stands while they must be.
+//
+// Why no power cut finds a moment between the two: while the copies are renewed, both files are
+// whole and durable and no mark stands; while a mark stands, the copies are whole and durable. A
+// copy that is put back may be gone from its folder, since its content then lies in place.
+
+#ifndef NSDIRECTORY_SAFEKEEPING_INTERNAL_FILE_PAIR_H
+#define NSDIRECTORY_SAFEKEEPING_INTERNAL_FILE_PAIR_H
+
+#include "safekeeping/internal/comparison.h"
+#include "safekeeping/internal/manifest.h"
+
+namespace NS_DIRECTORY {
+
+using FilePairData = FileData[SAFE_FILE_COUNT];
+
+enum class CopyState
+{
+    WHOLE,  // what the manifest names can be had, from the copies or in place
+    LOST,
+    UNREADABLE  // it cannot be found out now
+};
+
+enum class MarkState
+{
+    SET,
+    CLEAR,
+    UNREADABLE
+};
+
+class CFilePair
+{
+  public:
+    explicit CFilePair(const char* pCopyFolder);
+
+    // False if one of the files is there and cannot be read.
+    bool ReadFiles(FilePairData& files) const;
+    bool SyncFiles() const;  // and their folder
+    bool RemoveFile(int nFile) const;
+
+    // Looks for what the manifest names. What follows goes by what it found.
+    CopyState FindCopy();
+    bool HasManifest() const { return m_bManifest; }
+    // What the copies hold; both absent if there is no manifest.
+    const FileData& Copied(int nFile) const { return m_manifest.m_arrFile[nFile]; }
+    // True if no start would find a fault in what the manifest names; bKnown says whether that
+    // could be found out.
+    bool IsCopySound(bool& bKnown) const;
+    // True if the copies hold exactly these files.
+    bool HoldsCopyOf(const FilePairData& files) const;
+    // Copies the files, which must be durable. If that fails, the old copies still stand, unless it
+    // was a sync or a rename that failed.
+    bool Renew(const FilePairData& files);
+    // Puts both back and makes them durable. Without a mark the first one must be whole, so that a
+    // broken one calls for the rest if this is interrupted. bMarked also allows to give up a file
+    // for the room that it takes. It can be done again until it succeeds.
+    bool PutBack(int nFirst, bool bMarked);
+
+    MarkState FindMark() const;
+    bool SetMark() const;
+    bool ClearMark() const;
+
+    // What interrupted calls have left, in both folders.
+    void RemoveLeftovers() const;
+
+    FileForm FormOfFile(int nFile) const;
+    ComparisonData CompareFile(const CContactLocalManager& directory, int nFile) const;
+
+  private:
+    enum class Source
+    {
+        NOTHING,  // the file is rightly absent
+        COPY,
+        IN_PLACE
+    };
+
+    CopyState MyFindSource(int nFile);
+    bool MyIsCopyOf(int nFile, const FileData& file) const;
+    bool MyWriteCopies(const FilePairData& files) const;
+    bool MyRenameCopies(const FilePairData& files) const;
+    bool MyPutBackOne(int nFile, bool bMarked) const;
+    bool MyWriteBack(int nFile) const;
+
+    CFolder m_data;
+    CFolder m_copies;
+    bool m_bManifest = false;
+    ManifestData m_manifest;
+    FilePairData m_arrCopy;  // as they lie in their folder
+    Source m_arrSource[SAFE_FILE_COUNT] = {Source::NOTHING, Source::NOTHING};
+};
+
+}  // namespace NS_DIRECTORY
+
+#endif  // NSDIRECTORY_SAFEKEEPING_INTERNAL_FILE_PAIR_H

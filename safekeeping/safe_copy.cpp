@@ -1,0 +1,406 @@
+// The guard of an edit: copy, mark, edit, sync, judge, unmark, copy again. What each of these
+// leaves behind when it is interrupted is put in order by the next one, and before a start by
+// Restore().
+
+#include "safekeeping/safe_copy.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+
+#include "platform/device_services.h"
+#include "safekeeping/internal/file_pair.h"
+
+namespace NS_DIRECTORY {
+
+// Numbers of groups, ordinary and blacklisted contacts: limits or counts.
+struct DirectoryNumbersData
+{
+    int m_nGroups;
+    int m_nContacts;
+    int m_nBlack;
+};
+
+struct SafeCopyStateData
+{
+    explicit SafeCopyStateData(const char* pCopyFolder) : m_strCopyFolder(pCopyFolder) {}
+
+    qz::basic_string<char> m_strCopyFolder;
+    bool m_bUnderWay = false;     // between the two halves of an edit
+    bool m_bUndoPending = false;  // an edit could not be undone; its mark is set
+    // How it stood before the edit.
+    DirectoryNumbersData m_limits = {};
+    DirectoryNumbersData m_counts = {};
+    ComparisonData m_arrBefore[SAFE_FILE_COUNT];
+};
+
+namespace {
+
+// Setting the photo of nobody to the default one has the contact file written.
+constexpr char PHOTO_OF_NOBODY[] = "safe_copy: no contact has this photo";
+
+constexpr int RESTORED = 1;
+constexpr int NOTHING_TO_DO = 0;
+constexpr int KEPT = 1;
+constexpr int PREPARED = 1;
+
+// -- Limits and counts --
+
+DirectoryNumbersData LimitsOf(const CContactLocalManager& directory)
+{
+    return {directory.GetMaxGroupCount(), directory.GetMaxContactCount(),
+            directory.GetMaxBlackCount()};
+}
+
+DirectoryNumbersData CountsOf(const CContactLocalManager& directory)
+{
+    return {directory.GetCurrentGroupCount(), directory.GetCurrentContactCount(),
+            directory.GetCurrentBlackCount()};
+}
+
+void SetLimits(CContactLocalManager& directory, const DirectoryNumbersData& limits)
+{
+    (void)directory.SetMaxGroupCount(limits.m_nGroups);
+    (void)directory.SetMaxContactCount(limits.m_nContacts);
+    (void)directory.SetMaxBlackCount(limits.m_nBlack);
+}
+
+// -- Memory and files --
+
+bool CompareBoth(const CContactLocalManager& directory, const CFilePair& pair,
+                 ComparisonData (&arrResult)[SAFE_FILE_COUNT])
+{
+    bool bKnown = true;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        arrResult[n] = pair.CompareFile(directory, n);
+        bKnown = bKnown && arrResult[n].m_form != FileForm::UNKNOWN;
+    }
+    return bKnown;
+}
+
+bool IsMemoryAhead(const ComparisonData (&arrResult)[SAFE_FILE_COUNT])
+{
+    return arrResult[SAFE_GROUPS].m_bMemoryAhead || arrResult[SAFE_CONTACTS].m_bMemoryAhead;
+}
+
+// True if the contact file holds contacts that a start has left out: a save would cost them.
+bool HoldsMoreThanLimits(const CContactLocalManager& directory, const ComparisonData& contacts)
+{
+    const DirectoryNumbersData counts = CountsOf(directory);
+    const DirectoryNumbersData limits = LimitsOf(directory);
+    return contacts.m_nEntries > counts.m_nContacts + counts.m_nBlack &&
+           (counts.m_nContacts >= limits.m_nContacts || counts.m_nBlack >= limits.m_nBlack);
+}
+
+// -- Copies --
+
+// A missing file is right if the copies say so, and without any on a device that is new.
+bool IsRightlyAbsent(const CFilePair& pair, int nFile, bool bOtherAbsent)
+{
+    return pair.HasManifest() ? !pair.Copied(nFile).m_bPresent
+                              : nFile == SAFE_CONTACTS || bOtherAbsent;
+}
+
+struct SoundnessData
+{
+    bool m_arrSound[SAFE_FILE_COUNT];
+    bool m_bKnown;
+};
+
+SoundnessData TestFiles(const CFilePair& pair, const FileForm (&arrForm)[SAFE_FILE_COUNT])
+{
+    SoundnessData result = {{}, true};
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const bool bOtherAbsent = arrForm[SAFE_FILE_COUNT - 1 - n] == FileForm::ABSENT;
+        result.m_arrSound[n] =
+            arrForm[n] == FileForm::WHOLE ||
+            (arrForm[n] == FileForm::ABSENT && IsRightlyAbsent(pair, n, bOtherAbsent));
+        result.m_bKnown = result.m_bKnown && arrForm[n] != FileForm::UNKNOWN;
+    }
+    return result;
+}
+
+// Copies the files as they are, if the copies do not hold them yet.
+bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT])
+{
+    FilePairData files;
+    const CopyState copy = pair.FindCopy();
+    if (copy == CopyState::UNREADABLE || !pair.ReadFiles(files)) {
+        return false;
+    }
+    if (copy == CopyState::WHOLE && pair.HoldsCopyOf(files)) {
+        return true;
+    }
+    const SoundnessData sound =
+        TestFiles(pair, {arrFile[SAFE_GROUPS].m_form, arrFile[SAFE_CONTACTS].m_form});
+    bool bKnown = false;
+    // A broken file must not replace its whole copy: Restore() will need that.
+    if (!(sound.m_arrSound[SAFE_GROUPS] && sound.m_arrSound[SAFE_CONTACTS]) &&
+        copy == CopyState::WHOLE && (pair.IsCopySound(bKnown) || !bKnown)) {
+        return false;
+    }
+    return pair.SyncFiles() && pair.Renew(files) && pair.FindCopy() == CopyState::WHOLE;
+}
+
+// For copies that were moved away or whose files have changed. If it fails, the next edit tries.
+void FollowFiles(CFilePair& pair)
+{
+    FilePairData files;
+    if (pair.FindCopy() != CopyState::UNREADABLE && pair.ReadFiles(files) &&
+        !pair.HoldsCopyOf(files)) {
+        (void)pair.Renew(files);
+    }
+}
+
+// -- What does not match at the beginning --
+
+// Writes the contact file once more. True if memory is then in both files.
+bool WriteContacts(CContactLocalManager& directory, const CFilePair& pair,
+                   ComparisonData (&arrResult)[SAFE_FILE_COUNT])
+{
+    (void)directory.SetDefaultPhoto(PHOTO_OF_NOBODY);  // what became of it shows in the file
+    return pair.SyncFiles() && CompareBoth(directory, pair, arrResult) && !IsMemoryAhead(arrResult);
+}
+
+// Memory is ahead. A whole contact file is written over under guard, so that a failure costs
+// nothing of it.
+int BringTogether(CContactLocalManager& directory, CFilePair& pair,
+                  ComparisonData (&arrResult)[SAFE_FILE_COUNT])
+{
+    if (HoldsMoreThanLimits(directory, arrResult[SAFE_CONTACTS])) {
+        return SAFE_RET_NO_COPY;
+    }
+    if (arrResult[SAFE_CONTACTS].m_form != FileForm::WHOLE) {
+        return WriteContacts(directory, pair, arrResult) ? PREPARED : SAFE_RET_NO_COPY;
+    }
+    if (!MakeCopy(pair, arrResult) || !pair.SetMark()) {
+        return pair.ClearMark() ? SAFE_RET_NO_COPY : SAFE_RET_NOT_UNDONE;
+    }
+    const bool bTogether = WriteContacts(directory, pair, arrResult);
+    const bool bInOrder = bTogether || pair.PutBack(SAFE_GROUPS, true);
+    if (!bInOrder || !pair.ClearMark()) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    return bTogether ? PREPARED : SAFE_RET_NO_COPY;
+}
+
+// -- Undoing --
+
+// As before the edit: nothing that the files hold may fall to a limit.
+bool Reload(CContactLocalManager& directory, const SafeCopyStateData& state)
+{
+    const DirectoryNumbersData& before = state.m_counts;
+    SetLimits(directory, {std::max(state.m_limits.m_nGroups, before.m_nGroups),
+                          std::max(state.m_limits.m_nContacts, before.m_nContacts),
+                          std::max(state.m_limits.m_nBlack, before.m_nBlack)});
+    (void)directory.ReloadGroupXml();  // the counts show what became of it
+    (void)directory.ReloadContactXml();
+    SetLimits(directory, state.m_limits);
+    const DirectoryNumbersData now = CountsOf(directory);
+    return now.m_nGroups >= before.m_nGroups && now.m_nContacts >= before.m_nContacts &&
+           now.m_nBlack >= before.m_nBlack;
+}
+
+// The mark is set. It stays until both files and memory are as before.
+int Undo(CContactLocalManager& directory, SafeCopyStateData& state)
+{
+    CFilePair pair(state.m_strCopyFolder.c_str());
+    const CopyState copy = pair.FindCopy();
+    const bool bUndone = copy == CopyState::WHOLE && pair.PutBack(SAFE_GROUPS, true) &&
+                         Reload(directory, state) && pair.ClearMark();
+    // Somebody has taken the copies away: there is nothing to try again.
+    state.m_bUndoPending = !bUndone && copy != CopyState::LOST;
+    if (!bUndone) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    FollowFiles(pair);
+    return SAFE_RET_NOT_WRITTEN;
+}
+
+// -- Judging --
+
+// What a call may leave in errno that has worked, or that the edit made for reasons of its own. No
+// file of an existing folder fails to be opened, written or closed for these.
+bool IsHarmless(int nError)
+{
+    return nError == ENOENT || nError == ENOTTY || nError == ESPIPE || nError == ERANGE ||
+           nError == EEXIST;
+}
+
+bool IsFileRight(const ComparisonData& now, const ComparisonData& before, bool bUnchanged)
+{
+    const bool bForm = now.m_form == FileForm::WHOLE || (bUnchanged && now.m_form == before.m_form);
+    const bool bAhead =
+        now.m_bMemoryAhead || (now.m_bFileAhead && !(before.m_bFileAhead && bUnchanged));
+    return bForm && !bAhead && now.m_nStrays <= before.m_nStrays;
+}
+
+// An AddGroup, a new name and a RemoveGroup take into memory what a failed write has left, so
+// memory and files alone do not tell: the system does. But it may also have met with something that
+// concerns no file, and an edit that was refused and changed nothing keeps its answer.
+bool HasArrived(const CContactLocalManager& directory, const CFilePair& pair,
+                const SafeCopyStateData& state, int nResult, int nError)
+{
+    FilePairData files;
+    ComparisonData arrNow[SAFE_FILE_COUNT];
+    if (!pair.SyncFiles() || !pair.ReadFiles(files) || !CompareBoth(directory, pair, arrNow)) {
+        return false;
+    }
+    bool bChanged = false;
+    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
+        const bool bUnchanged = HoldSame(files[n], pair.Copied(n));
+        if (!IsFileRight(arrNow[n], state.m_arrBefore[n], bUnchanged)) {
+            return false;
+        }
+        bChanged = bChanged || !bUnchanged;
+    }
+    return nError == 0 || (bChanged ? IsHarmless(nError) : nResult < 0);
+}
+
+// A contact file that was only made for the guard goes, unless the edit has put contacts into it.
+void RemoveEmptyContacts(const CContactLocalManager& directory, const CFilePair& pair)
+{
+    const ComparisonData contacts = pair.CompareFile(directory, SAFE_CONTACTS);
+    if (!pair.Copied(SAFE_CONTACTS).m_bPresent && contacts.m_form == FileForm::WHOLE &&
+        contacts.m_nEntries == 0 && !contacts.m_bMemoryAhead) {
+        (void)pair.RemoveFile(SAFE_CONTACTS);  // an empty one is as good
+    }
+}
+
+// -- The beginning of every edit --
+
+// Memory and files match, and the copies hold the files.
+int Prepare(CContactLocalManager& directory, SafeCopyStateData& state, CFilePair& pair)
+{
+    const MarkState mark = pair.FindMark();
+    const CopyState copy = pair.FindCopy();
+    if (mark == MarkState::UNREADABLE || copy == CopyState::UNREADABLE ||
+        !CompareBoth(directory, pair, state.m_arrBefore)) {
+        return SAFE_RET_NO_COPY;
+    }
+    // Cut by another process, or by one before a start: memory stands on its files.
+    if (mark == MarkState::SET && copy == CopyState::WHOLE) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    if (IsMemoryAhead(state.m_arrBefore)) {
+        const int nTogether = BringTogether(directory, pair, state.m_arrBefore);
+        if (nTogether < 0) {
+            return nTogether;
+        }
+    }
+    const bool bCopied = MakeCopy(pair, state.m_arrBefore);
+    const bool bClear = mark == MarkState::CLEAR || (bCopied && pair.ClearMark());
+    return bCopied && bClear ? PREPARED : SAFE_RET_NO_COPY;
+}
+
+}  // namespace
+
+CSafeCopy::CSafeCopy(const char* pCopyFolder)
+    : m_pState(new (std::nothrow) SafeCopyStateData(pCopyFolder))
+{}
+
+CSafeCopy::~CSafeCopy()
+{
+    delete m_pState;
+}
+
+int CSafeCopy::Restore()
+{
+    if (m_pState == nullptr) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    CFilePair pair(m_pState->m_strCopyFolder.c_str());
+    pair.RemoveLeftovers();
+    const MarkState mark = pair.FindMark();
+    const CopyState copy = pair.FindCopy();
+    const SoundnessData files =
+        TestFiles(pair, {pair.FormOfFile(SAFE_GROUPS), pair.FormOfFile(SAFE_CONTACTS)});
+    const bool bKnown = files.m_bKnown && mark != MarkState::UNREADABLE;
+    if (mark == MarkState::CLEAR && files.m_arrSound[SAFE_GROUPS] &&
+        files.m_arrSound[SAFE_CONTACTS]) {
+        return NOTHING_TO_DO;
+    }
+    if (copy == CopyState::LOST) {
+        return SAFE_RET_NO_COPY;
+    }
+    bool bCopyKnown = true;
+    if (copy == CopyState::WHOLE && mark == MarkState::CLEAR && bKnown &&
+        !pair.IsCopySound(bCopyKnown) && bCopyKnown) {
+        return SAFE_RET_NO_COPY;
+    }
+    const int nFirst = files.m_arrSound[SAFE_GROUPS] ? SAFE_GROUPS : SAFE_CONTACTS;
+    const bool bCertain = mark == MarkState::SET || (bKnown && bCopyKnown);
+    if (copy != CopyState::WHOLE || !bCertain || !pair.PutBack(nFirst, mark == MarkState::SET) ||
+        !pair.ClearMark()) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    FollowFiles(pair);
+    return RESTORED;
+}
+
+int CSafeCopy::Keep()
+{
+    CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
+    if (m_pState == nullptr || m_pState->m_bUnderWay || pDirectory == nullptr ||
+        (m_pState->m_bUndoPending && Undo(*pDirectory, *m_pState) == SAFE_RET_NOT_UNDONE)) {
+        return SAFE_RET_NO_COPY;
+    }
+    CFilePair pair(m_pState->m_strCopyFolder.c_str());
+    const bool bKept = Prepare(*pDirectory, *m_pState, pair) == PREPARED && pair.SyncFiles();
+    return bKept ? KEPT : SAFE_RET_NO_COPY;
+}
+
+int CSafeCopy::MyBeginEdit()
+{
+    CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
+    if (m_pState == nullptr || m_pState->m_bUnderWay || pDirectory == nullptr) {
+        return SAFE_RET_NO_COPY;
+    }
+    if (m_pState->m_bUndoPending && Undo(*pDirectory, *m_pState) == SAFE_RET_NOT_UNDONE) {
+        return SAFE_RET_NOT_UNDONE;
+    }
+    CFilePair pair(m_pState->m_strCopyFolder.c_str());
+    const int nPrepared = Prepare(*pDirectory, *m_pState, pair);
+    if (nPrepared < 0) {
+        return nPrepared;
+    }
+    m_pState->m_limits = LimitsOf(*pDirectory);
+    m_pState->m_counts = CountsOf(*pDirectory);
+    if (!pair.SetMark()) {
+        m_pState->m_bUndoPending = !pair.ClearMark();
+        return m_pState->m_bUndoPending ? SAFE_RET_NOT_UNDONE : SAFE_RET_NO_COPY;
+    }
+    m_pState->m_bUnderWay = true;
+    (void)IsColorfulScreen();  // a first answer may take calls that fail
+    errno = 0;
+    // A missing file would have the system say so on every reload, over what it has said before.
+    if (!pair.Copied(SAFE_CONTACTS).m_bPresent) {
+        (void)pDirectory->SetDefaultPhoto(PHOTO_OF_NOBODY);  // judged with the edit
+    }
+    return PREPARED;
+}
+
+int CSafeCopy::MyEndEdit(int nResult)
+{
+    const int nError = errno;
+    m_pState->m_bUnderWay = false;
+    CContactLocalManager& directory = *CContactLocalManager::GetInstance();
+    CFilePair pair(m_pState->m_strCopyFolder.c_str());
+    if (pair.FindCopy() == CopyState::WHOLE) {
+        RemoveEmptyContacts(directory, pair);
+        if (HasArrived(directory, pair, *m_pState, nResult, nError)) {
+            if (pair.ClearMark()) {
+                FollowFiles(pair);
+                return nResult;
+            }
+            // It may come back after a power cut, and so the edit must go.
+            m_pState->m_bUndoPending = true;
+            if (!pair.SetMark()) {
+                return SAFE_RET_NOT_UNDONE;
+            }
+        }
+    }
+    return Undo(directory, *m_pState);
+}
+
+}  // namespace NS_DIRECTORY
