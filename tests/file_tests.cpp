@@ -24,7 +24,7 @@ TEST_F(FileTest, FirstStartWritesTheDefaultGroups)
 TEST_F(FileTest, EveryFieldGoesOutByteForByteAndComesBack)
 {
     const std::string strLong(32, 'x');
-    const std::string strName = "<Zo\xC3\xAB & \"Q'>\t\n";
+    const std::string strName = "<Zo\xC3\xAB & \"Q'>\t\n\r\1\x1B\x7F\xFF";
     const ContactRow row(strName, strName, std::string(14, '1'), std::string(15, '2'),
                          std::string(31, '3'), strLong, -1, strLong + "/p", INT_MIN);
     const GroupRows groups{{strName, "r", true},
@@ -85,6 +85,7 @@ TEST_F(FileTest, ALoadTakesWhatTheFileHolds)
         {"no name, empty name", GROUP_FILE, InGroups("<group/>" + G("") + G("A")), 0, "A 4,"},
         {"fixed names use no id", GROUP_FILE, InGroups(G("Blacklist") + G("blacklist")), 1, "blacklist 2,"},
         {"above the limit", GROUP_FILE, InGroups(strTooMany), 0, strFull},
+        {"white space as it stands", CONTACT_FILE, InContacts(C("a\tb\nc\rd\r\ne", "")), 1, "a b c d e 0,"},
         {"first of a name, in any order", CONTACT_FILE,
          InContacts("<contact group_id_name='Family' display_name='A' display_name='B'/>"), 1, "A 3,"}}) {
         // clang-format on

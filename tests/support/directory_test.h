@@ -136,7 +136,8 @@ inline QZList<String> NameList(const Texts& names)
 inline std::string Attribute(const char* pName, const std::string& strValue)
 {
     static const std::map<char, std::string> ESCAPES{
-        {'&', "&amp;"}, {'<', "&lt;"}, {'"', "&quot;"}, {'\t', "&#09;"}, {'\n', "&#10;"}};
+        {'&', "&amp;"},  {'<', "&lt;"},   {'"', "&quot;"}, {'\1', "&#01;"},
+        {'\t', "&#09;"}, {'\n', "&#10;"}, {'\r', "&#13;"}, {'\x1B', "&#27;"}};
     std::string strText = Joined(' ', pName, "=\"");
     for (const char c : strValue) {
         strText += ESCAPES.count(c) == 0 ? std::string(1, c) : ESCAPES.at(c);

@@ -2,23 +2,22 @@
 
 #include "tools/directory_check/directory_check.h"
 
-#include <algorithm>
-
 #include "directory/internal/group_element.h"
 #include "directory/internal/group_finders.h"
 #include "directory/internal/missing_groups.h"
 #include "directory/internal/xml_names.h"
+#include "tools/directory_check/input_file.h"
 
 using namespace NS_DIRECTORY;
 
 namespace {
 
-std::string Quoted(const qz::basic_string<char>& strName)
+std::string Quoted(const std::string& strName)
 {
-    return "\"" + std::string(strName.c_str()) + "\"";
+    return '"' + strName + '"';
 }
 
-std::string EqualName(const qz::basic_string<char>& strPresent)
+std::string EqualName(const std::string& strPresent)
 {
     return strPresent.empty()
                ? "one without a name is there already"
@@ -33,7 +32,7 @@ std::string OverLimit(int nLimit, const char* pWhat)
 std::string ReasonOf(const GroupPlace& place, const CContactLocalManager::GroupData& group)
 {
     if (place.m_nResult == DIR_RET_GROUP_EXIST) {
-        return EqualName(place.m_itPlace->value->m_strDisplayName);
+        return EqualName(place.m_itPlace->value->m_strDisplayName.c_str());
     }
     return group.m_strDisplayName.empty()
                ? "it has no name"
@@ -69,14 +68,6 @@ pugi::xml_node Write(CXmlOutput& output, const CContactLocalManager::ItemData& i
     return root.first_child();
 }
 
-void SortByPlace(FileReportData& report)
-{
-    std::stable_sort(report.m_findings.begin(), report.m_findings.end(),
-                     [](const FindingData& left, const FindingData& right) {
-                         return left.m_nOffset < right.m_nOffset;
-                     });
-}
-
 }  // namespace
 
 ReportData CDirectoryCheck::Run(const std::string& strGroupFile, const std::string& strContactFile)
@@ -86,8 +77,6 @@ ReportData CDirectoryCheck::Run(const std::string& strGroupFile, const std::stri
         m_report.m_groups.emplace_back(pos->value->m_strDisplayName.c_str());
     }
     CheckContactFile(strContactFile);
-    SortByPlace(m_report.m_groupFile);
-    SortByPlace(m_report.m_contactFile);
     return m_report;
 }
 
@@ -104,6 +93,7 @@ void CDirectoryCheck::CheckGroupFile(const std::string& strPath)
     if (!file.Root().empty()) {
         (void)LoadGroups(file.Root(), m_listGroup, START_MAX_GROUP_COUNT, *this);
     }
+    file.Finish();
 }
 
 int CDirectoryCheck::Take(const GroupPlace& place, const GroupData& group, pugi::xml_node element)
@@ -140,7 +130,10 @@ void CDirectoryCheck::CheckContactFile(const std::string& strPath)
     // Without groups each contact keeps the name of its own through saves.
     const bool bKeepNames = m_listGroup.size() == 0;
     m_limits = LimitsForLoad({START_MAX_CONTACT_COUNT, START_MAX_BLACK_COUNT}, m_listGroup);
-    (void)LoadContacts(file.Root(), m_listGroup, m_limits, bKeepNames, *this);
+    if (LoadContacts(file.Root(), m_listGroup, m_limits, bKeepNames, *this) == DIR_RET_NO_MEMORY) {
+        throw CUnreadable(strPath + ": there is no memory to read it");
+    }
+    file.Finish();
 }
 
 int CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
@@ -148,12 +141,12 @@ int CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
     ++(item.m_nGroupId == GROUP_ID_BLACKLIST ? m_report.m_nBlack : m_report.m_nOrdinary);
     const char* pGroupName = element.attribute(ATTRIBUTE_GROUP_ID_NAME).value();
     const std::string strWritten = GroupNameForFile(m_listGroup, item);
-    if (*pGroupName != '\0' && strWritten != pGroupName) {
+    if (*pGroupName == '\0' || strWritten == pGroupName) {
+        pGroupName = strWritten.c_str();
+    } else if (m_report.HasGroupFile()) {
         m_pFile->Add(FindingKind::NO_GROUP, element,
                      "there is no group " + Quoted(pGroupName) + ": the next save writes " +
-                         Quoted(strWritten.c_str()) + ", where the contact stands");
-    } else {
-        pGroupName = strWritten.c_str();
+                         Quoted(strWritten) + ", where the contact stands");
     }
     CXmlOutput output;  // a missing group is reported once, so its name counts as written
     m_pFile->CheckAttributes(element, Write(output, item, pGroupName));

@@ -16,7 +16,9 @@ class CDirectoryCheck : private NS_DIRECTORY::CGroupLoadListener,
                         private NS_DIRECTORY::CContactLoadListener
 {
   public:
-    // To be called once. Either file may be absent, as on a new device. Throws CUnreadable.
+    // To be called once. Either file may be absent, as on a new device. An empty path leaves a file
+    // out: without the group file it is not judged which groups the contacts name. Throws
+    // CUnreadable.
     ReportData Run(const std::string& strGroupFile, const std::string& strContactFile);
 
   private:

@@ -5,23 +5,14 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <set>
+#include <string_view>
 
 #include "directory/internal/xml_names.h"
+#include "tools/directory_check/characters.h"
+#include "tools/directory_check/input_file.h"
 
 namespace {
-
-std::string ReadText(const std::string& strPath)
-{
-    std::error_code error;
-    std::ifstream file(strPath, std::ios::binary);
-    if (!std::filesystem::is_regular_file(strPath, error) || !file) {
-        throw CUnreadable(strPath + ": cannot be read");
-    }
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // What a line is about: the group or contact of the node, or nothing.
 std::string SubjectOf(pugi::xml_node node)
@@ -72,13 +63,17 @@ std::string Described(pugi::xml_node node)
 
 CFileCheck::CFileCheck(FileReportData& report, const std::string& strPath, const char* pRoot,
                        const char* pElement)
-    : m_report(report), m_pRoot(pRoot), m_pElement(pElement), m_input(strPath.c_str(), pRoot)
+    : m_report(report),
+      m_pRoot(pRoot),
+      m_pElement(pElement),
+      m_strText(KindOf(strPath) == PathKind::ABSENT ? "" : ReadText(strPath)),
+      m_input(strPath.c_str(), pRoot)
 {
-    report.m_strPath = strPath;
-    report.m_bAbsent = !std::filesystem::exists(strPath);
-    if (!report.m_bAbsent) {
-        m_strText = ReadText(strPath);
+    if (m_input.IsOutOfMemory()) {
+        throw CUnreadable(strPath + ": there is no memory to read it");
     }
+    report.m_strPath = strPath;
+    report.m_bAbsent = KindOf(strPath) == PathKind::ABSENT;
 }
 
 void CFileCheck::CheckWhole()
@@ -120,13 +115,25 @@ void CFileCheck::CheckRoot(pugi::xml_node root)
         Add(FindingKind::UNKNOWN_ATTRIBUTE, root, "the next save drops " + Quoted(attribute));
     }
     for (const pugi::xml_node node : root.children()) {
-        if (std::strcmp(node.name(), m_pElement) != 0) {
+        if (std::strcmp(node.name(), m_pElement) == 0) {
+            CheckElement(node);
+        } else {
             AddDropped(node);
-            continue;
         }
-        for (const pugi::xml_node inner : node.children()) {
-            AddDropped(inner);
+    }
+}
+
+void CFileCheck::CheckElement(pugi::xml_node element)
+{
+    for (const pugi::xml_attribute& attribute : element.attributes()) {
+        const std::string strFault = XmlFault(attribute.value());
+        if (!strFault.empty()) {
+            Add(FindingKind::NOT_WELL_FORMED, element,
+                "strict XML readers refuse the file: " + strFault + " in " + Quoted(attribute));
         }
+    }
+    for (const pugi::xml_node inner : element.children()) {
+        AddDropped(inner);
     }
 }
 
@@ -137,10 +144,11 @@ void CFileCheck::AddDropped(pugi::xml_node node)
 
 void CFileCheck::CheckAttributes(pugi::xml_node element, pugi::xml_node written)
 {
+    std::set<std::string_view> seen;
     for (const pugi::xml_attribute& attribute : element.attributes()) {
         const pugi::xml_attribute kept = written.attribute(attribute.name());
         const std::string strQuoted = Quoted(attribute);
-        if (element.attribute(attribute.name()) != attribute) {
+        if (!seen.insert(attribute.name()).second) {
             Add(FindingKind::SHED, element, "the next save drops the second " + strQuoted);
         } else if (kept.empty() && !IsPhoto(attribute)) {
             Add(FindingKind::UNKNOWN_ATTRIBUTE, element, "the next save drops " + strQuoted);
@@ -167,16 +175,32 @@ void CFileCheck::Add(FindingKind kind, pugi::xml_node node, const std::string& s
 void CFileCheck::AddAt(FindingKind kind, std::ptrdiff_t nOffset, const std::string& strSubject,
                        const std::string& strText)
 {
-    m_report.m_findings.push_back({kind, LineAt(nOffset), nOffset, strSubject, strText});
+    m_report.m_findings.push_back({kind, 0, nOffset, strSubject, strText});
 }
 
-// 0 where the parser's offset is none of the file's own: a negative one, or one into a file that is
-// not in UTF-8.
-int CFileCheck::LineAt(std::ptrdiff_t nOffset) const
+void CFileCheck::Finish()
 {
-    const bool bOwn = m_input.Status().encoding == pugi::encoding_utf8 && nOffset >= 0 &&
-                      nOffset <= static_cast<std::ptrdiff_t>(m_strText.size());
-    return bOwn ? 1 + static_cast<int>(
-                          std::count(m_strText.begin(), m_strText.begin() + nOffset, '\n'))
-                : 0;
+    std::vector<FindingData>& findings = m_report.m_findings;
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const FindingData& left, const FindingData& right) {
+                         return left.m_nOffset < right.m_nOffset;
+                     });
+    int nLine = 1;
+    auto pos = m_strText.begin();
+    for (FindingData& finding : findings) {
+        if (IsOwnOffset(finding.m_nOffset)) {
+            const auto place = m_strText.begin() + finding.m_nOffset;
+            nLine += static_cast<int>(std::count(pos, place, '\n'));
+            pos = place;
+            finding.m_nLine = nLine;
+        }
+    }
+}
+
+// False for an offset that is none of the file's own: a negative one, or one into a file that is
+// not in UTF-8.
+bool CFileCheck::IsOwnOffset(std::ptrdiff_t nOffset) const
+{
+    return m_input.Status().encoding == pugi::encoding_utf8 && nOffset >= 0 &&
+           nOffset <= static_cast<std::ptrdiff_t>(m_strText.size());
 }

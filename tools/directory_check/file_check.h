@@ -3,17 +3,10 @@
 #ifndef NSDIRECTORY_TOOLS_DIRECTORY_CHECK_FILE_CHECK_H
 #define NSDIRECTORY_TOOLS_DIRECTORY_CHECK_FILE_CHECK_H
 
-#include <stdexcept>
 #include <string>
 
 #include "directory/internal/xml_file.h"
 #include "tools/directory_check/findings.h"
-
-// A file that is there and cannot be read.
-class CUnreadable : public std::runtime_error
-{
-    using std::runtime_error::runtime_error;
-};
 
 class CFileCheck
 {
@@ -36,18 +29,22 @@ class CFileCheck
     void Refuse(pugi::xml_node element, const std::string& strReason);
     void Add(FindingKind kind, pugi::xml_node node, const std::string& strText);
 
+    // Puts the findings into their order and numbers their lines. Called last.
+    void Finish();
+
   private:
     void AddAt(FindingKind kind, std::ptrdiff_t nOffset, const std::string& strSubject,
                const std::string& strText);
     void CheckParser();
     void CheckRoot(pugi::xml_node root);
+    void CheckElement(pugi::xml_node element);
     void AddDropped(pugi::xml_node node);
-    int LineAt(std::ptrdiff_t nOffset) const;
+    bool IsOwnOffset(std::ptrdiff_t nOffset) const;
 
     FileReportData& m_report;
     const char* m_pRoot;
     const char* m_pElement;
-    std::string m_strText;
+    std::string m_strText;  // read ahead of the parser, which would wait for a pipe
     NS_DIRECTORY::CXmlInput m_input;
 };
 

@@ -11,6 +11,7 @@ enum class FindingKind
 {
     PARSER_STOPPED,     // what stands behind is not read
     NO_ROOT,            // nothing in the file is read
+    NOT_WELL_FORMED,    // read here, but strict XML readers refuse the file
     REFUSED,            // the group or contact is not taken
     NO_GROUP,           // the contact's group does not exist
     UNKNOWN_ATTRIBUTE,  // never read or written
@@ -32,16 +33,23 @@ struct FileReportData
     bool m_bAbsent = false;
     std::string m_strParserStatus;
     int m_nRefused = 0;
-    std::vector<FindingData> m_findings;  // in the order of the file
+    // In the order of the file. Of one element what is not well-formed comes first, then whether it
+    // is taken and its group, then its attributes in their order, then what stands inside.
+    std::vector<FindingData> m_findings;
 };
 
 struct ReportData
 {
+    std::string m_strLocale;
     FileReportData m_groupFile;
     FileReportData m_contactFile;
     std::vector<std::string> m_groups;  // in the order of the list
     int m_nOrdinary = 0;
     int m_nBlack = 0;
+
+    // False if only the other file is judged.
+    bool HasGroupFile() const { return !m_groupFile.m_strPath.empty(); }
+    bool HasContactFile() const { return !m_contactFile.m_strPath.empty(); }
 
     std::size_t FindingCount() const
     {
