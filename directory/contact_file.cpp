@@ -1,5 +1,7 @@
 // The contact file: its load, its reload and its save.
 
+#include <new>
+
 #include "directory/contact_local_manager.h"
 #include "directory/data_files.h"
 #include "directory/internal/contact_element.h"
@@ -48,17 +50,23 @@ int CContactLocalManager::MyFillContactList(const CXmlInput& file, const Contact
     struct Listener final : CContactLoadListener
     {
         explicit Listener(CContactLocalManager& directory) : m_directory(directory) {}
-        int Take(const ItemData& item, pugi::xml_node) override
+        ItemData* Take(const ItemData& item, pugi::xml_node) override
         {
-            return m_directory.MyLinkContact({m_directory.m_listContact.end(), DIR_RET_OK}, item);
+            return new (std::nothrow) ItemData(item);
         }
-        void Refuse(int, pugi::xml_node, pugi::xml_node) override {}  // the result tells
+        void Append(ItemData* pItem) override
+        {
+            m_directory.MyLinkContact(m_directory.m_listContact.end(), pItem);
+        }
+        void Clear() override { m_directory.MyUnlinkContacts(); }
+        void Refuse(int, pugi::xml_node, const ItemData*) override {}  // the result tells
 
         CContactLocalManager& m_directory;
     };
     Listener listener(*this);
-    const int nLoaded = LoadContacts(file.Root(), m_listGroup, LimitsForLoad(limits, m_listGroup),
-                                     m_bKeepGroupNames, listener);
+    const ContactLoadData data{m_listGroup, m_listContact, LimitsForLoad(limits, m_listGroup),
+                               m_bKeepGroupNames};
+    const int nLoaded = LoadContacts(file.Root(), data, listener);
     m_bContactUnsaved = false;
     MySetContactUnread(file.IsOutOfMemory() || nLoaded == DIR_RET_NO_MEMORY, limits);
     return file.HasRoot() && !file.IsOutOfMemory() && nLoaded == DIR_RET_OK ? DIR_RET_OK

@@ -535,7 +535,9 @@ class NSDIRECTORY_API CContactLocalManager
     // The same, with a save, for a record that takes the place of the one at posOld.
     int MyReplaceContact(ItemIterator posOld, const ItemData& data);
     // Puts a copy there and returns the place's result, or DIR_RET_NO_MEMORY.
-    int MyLinkContact(const ContactPlace& place, const ItemData& data);
+    int MyPlaceContact(const ContactPlace& place, const ItemData& data);
+    void MyLinkContact(ItemIterator pos, ItemData* pItem);
+    void MyUnlinkContacts();  // all; the records stay
     ItemIterator MyEraseContact(ItemIterator pos);
     bool MyChangeContactGroup(ItemData& item, int nGroupId);  // false: it is there already
 

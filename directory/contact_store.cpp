@@ -58,7 +58,7 @@ int CContactLocalManager::MyInsertContactNoCheckGroup(const ItemData& data, bool
     if (nTest < 0) {
         return nTest;
     }
-    const int nResult = MyLinkContact(FindContactPlace(m_listContact, data, nullptr), data);
+    const int nResult = MyPlaceContact(FindContactPlace(m_listContact, data, nullptr), data);
     if (nResult >= 0 && bSave) {
         MySetContactDirty(true);
     }
@@ -85,7 +85,7 @@ int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& 
     if (nTest < 0) {
         return nTest;
     }
-    const int nResult = MyLinkContact(FindContactPlace(m_listContact, data, &old), data);
+    const int nResult = MyPlaceContact(FindContactPlace(m_listContact, data, &old), data);
     if (nResult >= 0) {
         (void)MyEraseContact(posOld);
         MySetContactDirty(true);
@@ -93,7 +93,7 @@ int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& 
     return nResult;
 }
 
-int CContactLocalManager::MyLinkContact(const ContactPlace& place, const ItemData& data)
+int CContactLocalManager::MyPlaceContact(const ContactPlace& place, const ItemData& data)
 {
     if (place.m_nResult < 0) {
         return place.m_nResult;
@@ -102,11 +102,22 @@ int CContactLocalManager::MyLinkContact(const ContactPlace& place, const ItemDat
     if (pItem == nullptr) {
         return DIR_RET_NO_MEMORY;
     }
-    m_listContact.insert(place.m_itPlace, pItem);
+    MyLinkContact(place.m_itPlace, pItem);
+    return place.m_nResult;
+}
+
+void CContactLocalManager::MyLinkContact(ItemIterator pos, ItemData* pItem)
+{
+    m_listContact.insert(pos, pItem);
     if (IsBlack(pItem->m_nGroupId)) {
         ++m_nBlackCount;
     }
-    return place.m_nResult;
+}
+
+void CContactLocalManager::MyUnlinkContacts()
+{
+    m_listContact.clear();
+    m_nBlackCount = 0;
 }
 
 CContactLocalManager::ItemIterator CContactLocalManager::MyEraseContact(ItemIterator pos)

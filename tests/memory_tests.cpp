@@ -67,8 +67,8 @@ class MemoryTest : public DirectoryTest
         WriteFile(GROUP_FILE, GroupFile({{"Club"}, {"Company"}, {"Family", LONG}}));
         WriteFile(CONTACT_FILE, ContactFile({{"Ann", "Family", "1"},
                                              {"Bob", "Blacklist", "2"},
-                                             {"Carl", "Company", "3", "", "", strHuge},
-                                             {"Dan", "Club", LONG}}));
+                                             {"Dan", "Club", LONG},
+                                             {"Carl", "Company", "3", "", "", strHuge}}));
     }
 
     static std::string Files() { return ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE); }

@@ -1,16 +1,17 @@
 // The load of the contacts. A file that a save has written is in ascending order: each element goes
-// to the end of the list at the cost of one comparison. A file in any other order is sorted first,
-// by pointers to its elements, so that no order costs more than n log n.
+// to the end of the list at the cost of one comparison. If an element is out of order, the names
+// are sorted by pointers to them, so that no order costs more than n log n.
 
 #include "directory/internal/contact_load.h"
 
 #include <strings.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cstdint>
 #include <new>
-#include <utility>
 
-#include "directory/internal/group_finders.h"
+#include "directory/internal/contact_element.h"
 #include "directory/internal/missing_groups.h"
 #include "directory/internal/xml_names.h"
 
@@ -22,146 +23,93 @@ const char* NameOf(pugi::xml_node element)
     return element.attribute(ATTRIBUTE_DISPLAY_NAME).value();
 }
 
-const char* GroupNameOf(pugi::xml_node element)
-{
-    return element.attribute(ATTRIBUTE_GROUP_ID_NAME).value();
-}
-
-// Counts the elements that were taken, on each side of the blacklist.
-class CLoadCount
+// Takes or refuses the elements, in the order of the file.
+class CContactTaker
 {
   public:
-    explicit CLoadCount(const ContactLimits& limits) : m_limits(limits) {}
+    CContactTaker(const ContactLoadData& data, CContactLoadListener& listener)
+        : m_data(data), m_listener(listener)
+    {}
 
-    int Test(int nGroupId) const
+    // The record, or null. pPresent has an equal name and was taken before; null if there is none.
+    ItemData* Take(pugi::xml_node element, const ItemData* pPresent)
     {
-        return TestContactLimit(m_limits, nGroupId, m_arrTaken[MySide(nGroupId)], 1);
+        ItemData item;
+        ResolveGroup(m_data.m_groups, ReadContactElement(element, item), m_data.m_bKeepGroupNames,
+                     item);
+        int& nTaken = IsBlack(item.m_nGroupId) ? m_nBlack : m_nOrdinary;
+        // The limit before the name, as in an insert.
+        const int nTest = TestContactLimit(m_data.m_limits, item.m_nGroupId, nTaken, 1);
+        if (nTest < 0 || pPresent != nullptr) {
+            m_nResult = std::min(m_nResult, DIR_RET_NONE);
+            m_listener.Refuse(nTest < 0 ? nTest : DIR_RET_CONTACT_EXIST, element, pPresent);
+            return nullptr;
+        }
+        ItemData* pItem = m_listener.Take(item, element);
+        if (pItem == nullptr) {
+            NoteNoMemory();
+            return nullptr;
+        }
+        ++nTaken;
+        return pItem;
     }
-    void Add(int nGroupId) { ++m_arrTaken[MySide(nGroupId)]; }
+
+    void NoteNoMemory() { m_nResult = DIR_RET_NO_MEMORY; }
+    int Result() const { return m_nResult; }
 
   private:
-    static int MySide(int nGroupId) { return nGroupId == GROUP_ID_BLACKLIST ? 1 : 0; }
-
-    ContactLimits m_limits;
-    int m_arrTaken[2] = {0, 0};
-};
-
-// What all elements of one load share.
-struct LoadData
-{
-    pugi::xml_node m_root;
-    const GroupDataList& m_groups;
-    bool m_bKeepGroupNames;
-    CLoadCount m_count;
+    const ContactLoadData& m_data;
     CContactLoadListener& m_listener;
+    int m_nOrdinary = 0;
+    int m_nBlack = 0;
     int m_nResult = DIR_RET_OK;  // the worst of all, which is the lowest
-
-    void Read(pugi::xml_node element, ItemData& item) const
-    {
-        ResolveGroup(m_groups, ReadContactElement(element, item), m_bKeepGroupNames, item);
-    }
-
-    void Take(const ItemData& item, pugi::xml_node element)
-    {
-        if (m_listener.Take(item, element) < 0) {
-            m_nResult = DIR_RET_NO_MEMORY;
-        }
-    }
-
-    void Refuse(int nCode, pugi::xml_node element, pugi::xml_node present)
-    {
-        m_listener.Refuse(nCode, element, present);
-        m_nResult = std::min(m_nResult, DIR_RET_NONE);
-    }
 };
 
-// Counts the elements on the way. False also if two neighbours have equal names.
-bool IsAscending(pugi::xml_node root, std::size_t& nCount)
-{
-    bool bAscending = true;
-    const char* pBefore = nullptr;
-    for (const pugi::xml_node element : root.children(ELEMENT_CONTACT)) {
-        const char* pName = NameOf(element);
-        bAscending = bAscending && (nCount == 0 || strcasecmp(pBefore, pName) < 0);
-        pBefore = pName;
-        ++nCount;
-    }
-    return bAscending;
-}
-
-void LoadInOrder(LoadData& load)
-{
-    for (const pugi::xml_node element : load.m_root.children(ELEMENT_CONTACT)) {
-        ItemData item;
-        load.Read(element, item);
-        const int nTest = load.m_count.Test(item.m_nGroupId);
-        if (nTest < 0) {
-            load.Refuse(nTest, element, {});
-        } else {
-            load.m_count.Add(item.m_nGroupId);
-            load.Take(item, element);
-        }
-    }
-}
-
-// The elements of a file by name. Of those with equal names, which stand side by side, one can be
-// taken at most: the first of their places keeps which.
-class CSortedElements
+// Names in the order of the file, and sorted. The first of several equal names keeps the record
+// that was taken for any of them.
+class CSortedNames
 {
   public:
-    explicit CSortedElements(std::size_t nCount)
-        : m_pEntries(new (std::nothrow) Entry[nCount]),
-          m_ppByName(new (std::nothrow) Entry*[nCount]),
-          m_nCount(nCount)
+    explicit CSortedNames(std::size_t nCapacity)
+        : m_pEntries(new (std::nothrow) Entry[nCapacity]),
+          m_ppSorted(new (std::nothrow) Entry*[nCapacity])
     {}
-    CSortedElements(const CSortedElements&) = delete;
-    CSortedElements& operator=(const CSortedElements&) = delete;
-    ~CSortedElements()
+    CSortedNames(const CSortedNames&) = delete;
+    CSortedNames& operator=(const CSortedNames&) = delete;
+    ~CSortedNames()
     {
-        delete[] m_ppByName;
+        delete[] m_ppSorted;
         delete[] m_pEntries;
     }
 
-    bool HasMemory() const { return m_pEntries != nullptr && m_ppByName != nullptr; }
+    bool HasMemory() const { return m_pEntries != nullptr && m_ppSorted != nullptr; }
 
-    void Sort(pugi::xml_node root)
+    void Add(const char* pName, ItemData* pTaken)
     {
-        std::size_t nAt = 0;
-        for (const pugi::xml_node element : root.children(ELEMENT_CONTACT)) {
-            m_pEntries[nAt] = {element, NameOf(element), nullptr};
-            m_ppByName[nAt] = &m_pEntries[nAt];
-            ++nAt;
-        }
-        std::sort(m_ppByName, m_ppByName + m_nCount, MyIsBefore);
-        MyShareNames();
+        Entry& entry = m_pEntries[m_nCount];
+        entry = {pName, MyFoldedStart(pName), &entry, pTaken};
+        m_ppSorted[m_nCount++] = &entry;
     }
 
-    // In the order of the file.
-    void Decide(LoadData& load)
+    void Sort()
     {
-        for (Entry* pEntry = m_pEntries; pEntry != m_pEntries + m_nCount; ++pEntry) {
-            const int nGroupId = GroupIdByName(load.m_groups, GroupNameOf(pEntry->m_element));
-            const int nTest = load.m_count.Test(nGroupId);
-            if (nTest < 0) {
-                load.Refuse(nTest, pEntry->m_element, {});
-            } else if (*pEntry->m_ppTaken != nullptr) {
-                load.Refuse(DIR_RET_CONTACT_EXIST, pEntry->m_element,
-                            (*pEntry->m_ppTaken)->m_element);
-            } else {
-                load.m_count.Add(nGroupId);
-                *pEntry->m_ppTaken = pEntry;
+        std::sort(m_ppSorted, m_ppSorted + m_nCount, MyIsBefore);
+        for (std::size_t n = 1; n < m_nCount; ++n) {
+            Entry* pFirst = m_ppSorted[n - 1]->m_pFirst;
+            if (MyCompare(*pFirst, *m_ppSorted[n]) == 0) {
+                m_ppSorted[n]->m_pFirst = pFirst;
             }
         }
     }
 
-    // In the order of names.
-    void Take(LoadData& load) const
+    // The record taken for the name that was added as number nIndex, or for one equal to it.
+    ItemData*& Taken(std::size_t nIndex) { return m_pEntries[nIndex].m_pFirst->m_pTaken; }
+
+    void AppendTaken(CContactLoadListener& listener) const
     {
-        for (Entry** ppEntry = m_ppByName; ppEntry != m_ppByName + m_nCount; ++ppEntry) {
-            if (*ppEntry != nullptr) {
-                ItemData item;
-                load.Read((*ppEntry)->m_element, item);
-                load.Take(item, (*ppEntry)->m_element);
+        for (Entry** ppEntry = m_ppSorted; ppEntry != m_ppSorted + m_nCount; ++ppEntry) {
+            if ((*ppEntry)->m_pTaken != nullptr) {
+                listener.Append((*ppEntry)->m_pTaken);
             }
         }
     }
@@ -169,63 +117,106 @@ class CSortedElements
   private:
     struct Entry
     {
-        pugi::xml_node m_element;
         const char* m_pName;
-        Entry** m_ppTaken;  // the place that the entries of this name share
+        std::uint64_t m_nStart;
+        Entry* m_pFirst;  // of the equal names; it alone has the record
+        ItemData* m_pTaken;
     };
+
+    // The first bytes as strcasecmp compares them. Most names differ there, and need not be read.
+    static std::uint64_t MyFoldedStart(const char* pName)
+    {
+        constexpr unsigned int BITS = 8;
+        std::uint64_t nStart = 0;
+        for (std::size_t n = 0; n < sizeof(nStart); ++n) {
+            const auto nByte =
+                static_cast<unsigned char>(std::tolower(static_cast<unsigned char>(*pName)));
+            nStart = nStart << BITS | nByte;
+            pName += *pName == '\0' ? 0 : 1;
+        }
+        return nStart;
+    }
+
+    static int MyCompare(const Entry& left, const Entry& right)
+    {
+        if (left.m_nStart != right.m_nStart) {
+            return left.m_nStart < right.m_nStart ? -1 : 1;
+        }
+        return strcasecmp(left.m_pName, right.m_pName);
+    }
 
     // Entries lie in the order of the file, which decides between equal names.
     static bool MyIsBefore(const Entry* pLeft, const Entry* pRight)
     {
-        const int nOrder = strcasecmp(pLeft->m_pName, pRight->m_pName);
+        const int nOrder = MyCompare(*pLeft, *pRight);
         return nOrder != 0 ? nOrder < 0 : pLeft < pRight;
     }
 
-    // Nothing is taken yet, so all places are cleared.
-    void MyShareNames()
-    {
-        Entry** ppShared = m_ppByName;
-        const char* pName = nullptr;
-        for (Entry** ppEntry = m_ppByName; ppEntry != m_ppByName + m_nCount; ++ppEntry) {
-            Entry* pEntry = std::exchange(*ppEntry, nullptr);
-            if (pName == nullptr || strcasecmp(pName, pEntry->m_pName) != 0) {
-                ppShared = ppEntry;
-                pName = pEntry->m_pName;
-            }
-            pEntry->m_ppTaken = ppShared;
-        }
-    }
-
     Entry* m_pEntries;
-    Entry** m_ppByName;
-    std::size_t m_nCount;
+    Entry** m_ppSorted;
+    std::size_t m_nCount = 0;
 };
 
-void LoadByName(LoadData& load, std::size_t nCount)
+// False, with nothing done, if the element belongs before the end of the list.
+bool LoadAtEnd(pugi::xml_node element, const ItemDataList& list, CContactTaker& taker,
+               CContactLoadListener& listener)
 {
-    CSortedElements elements(nCount);
-    if (!elements.HasMemory()) {
-        load.m_nResult = DIR_RET_NO_MEMORY;
+    const ItemData* pLast = list.size() == 0 ? nullptr : list.end()->prev->value;
+    const int nOrder =
+        pLast == nullptr ? -1 : strcasecmp(pLast->m_strDisplayName.c_str(), NameOf(element));
+    if (nOrder > 0) {
+        return false;
+    }
+    ItemData* pItem = taker.Take(element, nOrder == 0 ? pLast : nullptr);
+    if (pItem != nullptr) {
+        listener.Append(pItem);
+    }
+    return true;
+}
+
+// The element and all that follow, with what the list holds already.
+void LoadSorted(pugi::xml_node first, const ItemDataList& list, CContactTaker& taker,
+                CContactLoadListener& listener)
+{
+    std::size_t nCount = list.size();
+    for (pugi::xml_node element = first; element; element = element.next_sibling(ELEMENT_CONTACT)) {
+        ++nCount;
+    }
+    CSortedNames names(nCount);
+    if (!names.HasMemory()) {
+        taker.NoteNoMemory();
         return;
     }
-    elements.Sort(load.m_root);
-    elements.Decide(load);
-    elements.Take(load);
+    for (ItemData& item : RecordsOf(list)) {
+        names.Add(item.m_strDisplayName.c_str(), &item);
+    }
+    for (pugi::xml_node element = first; element; element = element.next_sibling(ELEMENT_CONTACT)) {
+        names.Add(NameOf(element), nullptr);
+    }
+    names.Sort();
+    std::size_t nAt = list.size();
+    listener.Clear();
+    for (pugi::xml_node element = first; element; element = element.next_sibling(ELEMENT_CONTACT)) {
+        ItemData*& pTaken = names.Taken(nAt++);
+        ItemData* pItem = taker.Take(element, pTaken);
+        pTaken = pTaken == nullptr ? pItem : pTaken;
+    }
+    names.AppendTaken(listener);
 }
 
 }  // namespace
 
-int LoadContacts(pugi::xml_node root, const GroupDataList& groups, const ContactLimits& limits,
-                 bool bKeepGroupNames, CContactLoadListener& listener)
+int LoadContacts(pugi::xml_node root, const ContactLoadData& data, CContactLoadListener& listener)
 {
-    LoadData load{root, groups, bKeepGroupNames, CLoadCount(limits), listener};
-    std::size_t nCount = 0;
-    if (IsAscending(root, nCount)) {
-        LoadInOrder(load);
-    } else {
-        LoadByName(load, nCount);
+    CContactTaker taker(data, listener);
+    pugi::xml_node element = root.child(ELEMENT_CONTACT);
+    while (element && LoadAtEnd(element, data.m_list, taker, listener)) {
+        element = element.next_sibling(ELEMENT_CONTACT);
     }
-    return load.m_nResult;
+    if (element) {
+        LoadSorted(element, data.m_list, taker, listener);
+    }
+    return taker.Result();
 }
 
 }  // namespace NS_DIRECTORY

@@ -4,31 +4,47 @@
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_CONTACT_LOAD_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_CONTACT_LOAD_H
 
-#include "directory/internal/contact_element.h"
 #include "directory/internal/limits.h"
+#include "directory/internal/xml_file.h"
 
 namespace NS_DIRECTORY {
 
-// Hears what becomes of each element.
+// Keeps what is taken, and hears why an element is refused. It owns the list and its records.
 class CContactLoadListener
 {
   public:
-    // In ascending order of names. DIR_RET_NO_MEMORY if there is none, else not negative.
-    virtual int Take(const ItemData& item, pugi::xml_node element) = 0;
+    // In the order of the file. A copy of item that is not in the list yet; null if there is no
+    // memory for it.
+    virtual ItemData* Take(const ItemData& item, pugi::xml_node element) = 0;
+
+    // Puts a record that was taken at the end of the list.
+    virtual void Append(ItemData* pItem) = 0;
+
+    // Empties the list. Its records stay, to be appended in another order.
+    virtual void Clear() = 0;
 
     // In the order of the file. nCode is DIR_RET_BLACK_FULL, DIR_RET_CONTACT_FULL or
-    // DIR_RET_CONTACT_EXIST; present is then the element that has the name.
-    virtual void Refuse(int nCode, pugi::xml_node element, pugi::xml_node present) = 0;
+    // DIR_RET_CONTACT_EXIST. pPresent is a record with an equal name that was taken before, or
+    // null.
+    virtual void Refuse(int nCode, pugi::xml_node element, const ItemData* pPresent) = 0;
 
   protected:
     ~CContactLoadListener() = default;
 };
 
+struct ContactLoadData
+{
+    const GroupDataList& m_groups;
+    const ItemDataList& m_list;  // of the listener, and empty at first
+    ContactLimits m_limits;
+    bool m_bKeepGroupNames;
+};
+
 // An element is refused if its side of the blacklist is full at its place in the file, or if an
-// element that was taken before has an equal name. Returns DIR_RET_OK if all were taken,
-// DIR_RET_NONE if not, DIR_RET_NO_MEMORY if memory ran short; then some elements were not heard of.
-int LoadContacts(pugi::xml_node root, const GroupDataList& groups, const ContactLimits& limits,
-                 bool bKeepGroupNames, CContactLoadListener& listener);
+// element that was taken before has an equal name. The list is in ascending order of names then.
+// Returns DIR_RET_OK if all were taken, DIR_RET_NONE if not, DIR_RET_NO_MEMORY if memory ran short;
+// the list then holds a part of the elements.
+int LoadContacts(pugi::xml_node root, const ContactLoadData& data, CContactLoadListener& listener);
 
 }  // namespace NS_DIRECTORY
 

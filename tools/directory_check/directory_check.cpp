@@ -2,6 +2,7 @@
 
 #include "tools/directory_check/directory_check.h"
 
+#include "directory/internal/contact_element.h"
 #include "directory/internal/group_element.h"
 #include "directory/internal/group_finders.h"
 #include "directory/internal/missing_groups.h"
@@ -39,7 +40,7 @@ std::string ReasonOf(const GroupPlace& place, const CContactLocalManager::GroupD
                : OverLimit(START_MAX_GROUP_COUNT, "groups, the two fixed ones included");
 }
 
-std::string ReasonOf(int nCode, const ContactLimits& limits, pugi::xml_node present)
+std::string ReasonOf(int nCode, const ContactLimits& limits, const ItemData* pPresent)
 {
     switch (nCode) {
         case DIR_RET_BLACK_FULL:
@@ -47,7 +48,7 @@ std::string ReasonOf(int nCode, const ContactLimits& limits, pugi::xml_node pres
         case DIR_RET_CONTACT_FULL:
             return OverLimit(limits.m_nOrdinary, "ordinary contacts");
         default:
-            return EqualName(present.attribute(ATTRIBUTE_DISPLAY_NAME).value());
+            return EqualName(pPresent->m_strDisplayName.c_str());
     }
 }
 
@@ -130,13 +131,14 @@ void CDirectoryCheck::CheckContactFile(const std::string& strPath)
     // Without groups each contact keeps the name of its own through saves.
     const bool bKeepNames = m_listGroup.size() == 0;
     m_limits = LimitsForLoad({START_MAX_CONTACT_COUNT, START_MAX_BLACK_COUNT}, m_listGroup);
-    if (LoadContacts(file.Root(), m_listGroup, m_limits, bKeepNames, *this) == DIR_RET_NO_MEMORY) {
+    if (LoadContacts(file.Root(), {m_listGroup, m_listContact, m_limits, bKeepNames}, *this) ==
+        DIR_RET_NO_MEMORY) {
         throw CUnreadable(strPath + ": there is no memory to read it");
     }
     file.Finish();
 }
 
-int CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
+ItemData* CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
 {
     ++(item.m_nGroupId == GROUP_ID_BLACKLIST ? m_report.m_nBlack : m_report.m_nOrdinary);
     const char* pGroupName = element.attribute(ATTRIBUTE_GROUP_ID_NAME).value();
@@ -150,10 +152,20 @@ int CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
     }
     CXmlOutput output;  // a missing group is reported once, so its name counts as written
     m_pFile->CheckAttributes(element, Write(output, item, pGroupName));
-    return DIR_RET_OK;
+    return &m_contacts.emplace_back(item);
 }
 
-void CDirectoryCheck::Refuse(int nCode, pugi::xml_node element, pugi::xml_node present)
+void CDirectoryCheck::Append(ItemData* pItem)
 {
-    m_pFile->Refuse(element, ReasonOf(nCode, m_limits, present));
+    m_listContact.push_back(pItem);
+}
+
+void CDirectoryCheck::Clear()
+{
+    m_listContact.clear();
+}
+
+void CDirectoryCheck::Refuse(int nCode, pugi::xml_node element, const ItemData* pPresent)
+{
+    m_pFile->Refuse(element, ReasonOf(nCode, m_limits, pPresent));
 }

@@ -33,12 +33,16 @@ class CDirectoryCheck : private NS_DIRECTORY::CGroupLoadListener,
     void PassOver(pugi::xml_node element) override;
 
     void CheckContactFile(const std::string& strPath);
-    int Take(const ItemData& item, pugi::xml_node element) override;
-    void Refuse(int nCode, pugi::xml_node element, pugi::xml_node present) override;
+    ItemData* Take(const ItemData& item, pugi::xml_node element) override;
+    void Append(ItemData* pItem) override;
+    void Clear() override;
+    void Refuse(int nCode, pugi::xml_node element, const ItemData* pPresent) override;
 
     CFileCheck* m_pFile = nullptr;   // the file that is checked
-    std::deque<GroupData> m_groups;  // the list owns no records; this does
+    std::deque<GroupData> m_groups;  // the lists own no records; these do
+    std::deque<ItemData> m_contacts;
     NS_DIRECTORY::GroupDataList m_listGroup;
+    NS_DIRECTORY::ItemDataList m_listContact;
     NS_DIRECTORY::ContactLimits m_limits{};
     ReportData m_report;
 };
