@@ -30,7 +30,7 @@ CContactLocalManager* StartWithLimits()
     return pDirectory;
 }
 
-// Before any change of a contact: the contacts come home while the file still names their groups.
+// Before any change of a contact: while the file still names their groups, contacts regain them.
 void RestoreGroups(CContactLocalManager& directory)
 {
     for (const char* pName : OWN_GROUPS) {
