@@ -1,4 +1,5 @@
-// What changes the directory. Each answers with the result of the one operation that it calls.
+// What changes the directory. Each answers with the result of the one operation that it calls, or
+// with what the guard says of it.
 
 #include "desk_phone/contact_fields.h"
 #include "desk_phone/phone.h"
@@ -44,8 +45,10 @@ void AddContact(PhoneData& phone, const Words& words)
     // Without any groups the name stays empty, and the add is refused.
     (void)phone.m_directory.GetGroupNameByIndex(0, contact.m_strGroupName);
     TakeFields(words, 2, contact);
-    PrintResult(phone.m_directory.AddContact(contact.m_strGroupName, contact), COUNTER,
-                words[1] + " is added to " + contact.m_strGroupName.c_str());
+    const int nResult = Edit(phone, [&](auto& directory) {
+        return directory.AddContact(contact.m_strGroupName, contact);
+    });
+    PrintResult(nResult, COUNTER, words[1] + " is added to " + contact.m_strGroupName.c_str());
 }
 
 void UpdateContact(PhoneData& phone, const Words& words)
@@ -54,19 +57,24 @@ void UpdateContact(PhoneData& phone, const Words& words)
     // A contact that is not there is refused by the update itself.
     (void)phone.m_directory.GetContactDataByName(&contact, ToText(words[1]));
     TakeFields(words, 2, contact);
-    PrintResult(phone.m_directory.UpdateContactData(ToText(words[1]), contact), COUNTER,
-                std::string(contact.m_strDisplayName.c_str()) + " is up to date");
+    const int nResult = Edit(phone, [&](auto& directory) {
+        return directory.UpdateContactData(ToText(words[1]), contact);
+    });
+    PrintResult(nResult, COUNTER, std::string(contact.m_strDisplayName.c_str()) + " is up to date");
 }
 
 void RemoveContacts(PhoneData& phone, const Words& words)
 {
     if (words.size() == 2) {
-        PrintResult(phone.m_directory.RemoveContact(ToText(words[1])), OK,
-                    words[1] + " is removed");
+        const int nResult =
+            Edit(phone, [&](auto& directory) { return directory.RemoveContact(ToText(words[1])); });
+        PrintResult(nResult, OK, words[1] + " is removed");
         return;
     }
     const NameList names = ToNameList(words.begin() + 1, words.end());
-    PrintResult(phone.m_directory.RemoveContactList(names), OK, "the named contacts are gone");
+    const int nResult =
+        Edit(phone, [&](auto& directory) { return directory.RemoveContactList(names); });
+    PrintResult(nResult, OK, "the named contacts are gone");
 }
 
 void RemoveAllContacts(PhoneData& phone, const Words& words)
@@ -76,7 +84,8 @@ void RemoveAllContacts(PhoneData& phone, const Words& words)
         throw CWrongInput("There is no group " + words[1] + ".");
     }
     // 0 is how this operation tells that the directory takes no changes.
-    const int nResult = phone.m_directory.RemoveAllContacts(nId);
+    const int nResult =
+        Edit(phone, [&](auto& directory) { return directory.RemoveAllContacts(nId); });
     PrintResult(nResult == NS_DIRECTORY::DIR_RET_NONE ? NS_DIRECTORY::DIR_RET_RELOADING : nResult,
                 OK, words[1] + " is empty");
 }
@@ -87,24 +96,31 @@ void MoveContacts(PhoneData& phone, const Words& words)
     if (words.size() == 3) {
         // For this operation a name of no contact is no failure.
         const bool bThere = phone.m_directory.IsContactExist(ToText(words[1]));
-        PrintResult(phone.m_directory.MoveContactToGroup(ToText(words[1]), ToText(strGroup)),
-                    OK_ZERO,
+        const int nResult = Edit(phone, [&](auto& directory) {
+            return directory.MoveContactToGroup(ToText(words[1]), ToText(strGroup));
+        });
+        PrintResult(nResult, OK_ZERO,
                     bThere ? words[1] + " stands in " + strGroup : "nothing to move: " + words[1]);
         return;
     }
     NameList names = ToNameList(words.begin() + 1, words.end() - 1);
-    PrintResult(phone.m_directory.MoveListToGroup(names, ToText(strGroup)), OK_ZERO,
-                "the named contacts stand in " + strGroup);
+    const int nResult = Edit(
+        phone, [&](auto& directory) { return directory.MoveListToGroup(names, ToText(strGroup)); });
+    PrintResult(nResult, OK_ZERO, "the named contacts stand in " + strGroup);
 }
 
 void Block(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.Local2Black(ToText(words[1])), OK, words[1] + " is blocked");
+    const int nResult =
+        Edit(phone, [&](auto& directory) { return directory.Local2Black(ToText(words[1])); });
+    PrintResult(nResult, OK, words[1] + " is blocked");
 }
 
 void Unblock(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.Black2Local(ToText(words[1])), OK, words[1] + " may call again");
+    const int nResult =
+        Edit(phone, [&](auto& directory) { return directory.Black2Local(ToText(words[1])); });
+    PrintResult(nResult, OK, words[1] + " may call again");
 }
 
 void AddGroup(PhoneData& phone, const Words& words)
@@ -112,15 +128,17 @@ void AddGroup(PhoneData& phone, const Words& words)
     ContactGroupData group;
     group.m_strDisplayName = ToText(words[1]);
     group.m_strRing = ToText(words.size() > 2 ? words[2] : "");
-    PrintResult(phone.m_directory.AddGroup(group), POSITION, "the group " + words[1] + " is added");
+    const int nResult = Edit(phone, [&](auto& directory) { return directory.AddGroup(group); });
+    PrintResult(nResult, POSITION, "the group " + words[1] + " is added");
 }
 
 void RenameGroup(PhoneData& phone, const Words& words)
 {
     ContactGroupData group = ReadGroup(phone, words[1]);
     group.m_strDisplayName = ToText(words[2]);
-    PrintResult(phone.m_directory.UpdateGroupData(ToText(words[1]), group), POSITION,
-                "the group " + words[1] + " is called " + words[2]);
+    const int nResult = Edit(
+        phone, [&](auto& directory) { return directory.UpdateGroupData(ToText(words[1]), group); });
+    PrintResult(nResult, POSITION, "the group " + words[1] + " is called " + words[2]);
 }
 
 void SetGroupRing(PhoneData& phone, const Words& words)
@@ -128,19 +146,23 @@ void SetGroupRing(PhoneData& phone, const Words& words)
     ContactGroupData group;
     group.m_strDisplayName = ToText(words[1]);
     group.m_strRing = ToText(words[2]);
-    PrintResult(phone.m_directory.UpdateGroupData(ToText(words[1]), group), POSITION,
+    const int nResult = Edit(
+        phone, [&](auto& directory) { return directory.UpdateGroupData(ToText(words[1]), group); });
+    PrintResult(nResult, POSITION,
                 words[1] + (words[2].empty() ? " has no ring" : " rings with " + words[2]));
 }
 
 void RemoveGroup(PhoneData& phone, const Words& words)
 {
-    PrintResult(phone.m_directory.RemoveGroup(ToText(words[1])), OK,
-                "the group " + words[1] + " is removed");
+    const int nResult =
+        Edit(phone, [&](auto& directory) { return directory.RemoveGroup(ToText(words[1])); });
+    PrintResult(nResult, OK, "the group " + words[1] + " is removed");
 }
 
 void RemoveAllGroups(PhoneData& phone, const Words&)
 {
-    PrintResult(phone.m_directory.RemoveAllGroup(), OK, "only the fixed groups are left");
+    const int nResult = Edit(phone, [&](auto& directory) { return directory.RemoveAllGroup(); });
+    PrintResult(nResult, OK, "only the fixed groups are left");
 }
 
 }  // namespace desk_phone

@@ -1,5 +1,6 @@
 // desk_phone: a terminal program that stands in for a telephone. It starts the directory on a
-// folder of its own and takes commands from a prompt, from a pipe or from a script.
+// folder of its own and takes commands from a prompt, from a pipe or from a script. With a folder
+// for safe copies all its edits are guarded.
 
 #include <unistd.h>
 
@@ -17,17 +18,37 @@
 #include "desk_phone/screen.h"
 #include "desk_phone/text_width.h"
 #include "directory/data_files.h"
+#include "safekeeping/safe_copy.h"
 
 namespace {
 
 using desk_phone::PhoneData;
 using NS_DIRECTORY::CContactLocalManager;
+using NS_DIRECTORY::CSafeCopy;
 
 // The library works on a folder relative to the working directory, and does not make it.
 void EnterFolder(const std::string& strFolder)
 {
     std::filesystem::create_directories(std::filesystem::path(strFolder) / NS_DIRECTORY::DATA_DIR);
     std::filesystem::current_path(strFolder);
+}
+
+// Before the directory reads its files.
+void Restore(CSafeCopy& safe)
+{
+    switch (safe.Restore()) {
+        case 1:
+            desk_phone::PrintText("An edit was cut or a file was broken: the copies are back.");
+            break;
+        case NS_DIRECTORY::SAFE_RET_NO_COPY:
+            desk_phone::PrintText("A file is broken, and there is no whole copy of it.");
+            break;
+        case NS_DIRECTORY::SAFE_RET_NOT_UNDONE:
+            desk_phone::PrintText("A file is broken, and its copy cannot be put back now.");
+            break;
+        default:
+            break;
+    }
 }
 
 // The instance, and how long it took to come up; null where there is no memory for it.
@@ -72,20 +93,37 @@ void RunStream(PhoneData& phone, std::istream& stream)
     }
 }
 
-int Run(const std::string& strFolder, const std::string& strScript)
+struct OptionsData
 {
+    std::string m_strFolder = "desk_phone_data";
+    std::string m_strSafeCopy;  // counts from that folder; empty for bare edits
+    std::string m_strScript;
+};
+
+int Run(const OptionsData& options)
+{
+    const std::string& strScript = options.m_strScript;
     std::ifstream script;
     if (!strScript.empty()) {
         script.open(strScript, std::ios::binary);  // its path counts from the folder left behind
     }
-    EnterFolder(strFolder);
+    EnterFolder(options.m_strFolder);
+    CSafeCopy safe(options.m_strSafeCopy.c_str());
+    const bool bGuarded = !options.m_strSafeCopy.empty();
+    if (bGuarded) {
+        std::filesystem::create_directories(options.m_strSafeCopy);
+        Restore(safe);
+    }
     double dMilliseconds = 0;
     CContactLocalManager* pDirectory = Start(dMilliseconds);
     if (pDirectory == nullptr) {
         std::cerr << "There is no memory for the directory.\n";
         return EXIT_FAILURE;
     }
-    PhoneData phone{*pDirectory, dMilliseconds};
+    if (bGuarded && safe.Keep() < 0) {
+        desk_phone::PrintText("No safe copy can be made: the telephone takes no changes.");
+    }
+    PhoneData phone{*pDirectory, bGuarded ? &safe : nullptr, dMilliseconds};
     if (!strScript.empty()) {
         RunStream(phone, script);
     } else if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) {
@@ -106,14 +144,17 @@ int main(int argc, char** argv)
     (void)std::setlocale(LC_ALL, "C.UTF-8");  // without it other than ASCII shows as "?"
     try {
         CLI::App app("A terminal program that stands in for a telephone with a local phone book.");
-        std::string strFolder = "desk_phone_data";
-        std::string strScript;
-        app.add_option("-f,--folder", strFolder, "Working folder; made where it is not there")
+        OptionsData options;
+        app.add_option("-f,--folder", options.m_strFolder,
+                       "Working folder; made if it is not there")
             ->capture_default_str();
-        app.add_option("SCRIPT", strScript, "File of commands; without it they come from the input")
+        app.add_option("--safe-copy", options.m_strSafeCopy,
+                       "Guard every edit by copies in this folder below the working folder");
+        app.add_option("SCRIPT", options.m_strScript,
+                       "File of commands; without it they come from the input")
             ->check(CLI::ExistingFile);
         CLI11_PARSE(app, argc, argv);
-        return Run(strFolder, strScript);
+        return Run(options);
     } catch (const std::exception& failure) {
         (void)std::fprintf(stderr, "%s\n", failure.what());  // there is nowhere else to tell it
         return EXIT_FAILURE;

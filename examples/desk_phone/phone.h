@@ -6,6 +6,7 @@
 
 #include "desk_phone/words.h"
 #include "directory/contact_local_manager.h"
+#include "safekeeping/safe_copy.h"
 
 namespace desk_phone {
 
@@ -19,9 +20,17 @@ inline qz::basic_string<char> ToText(const std::string& strText)
 struct PhoneData
 {
     NS_DIRECTORY::CContactLocalManager& m_directory;
+    NS_DIRECTORY::CSafeCopy* m_pSafe;  // guards the edits; null if they go bare
     double m_dLoadMilliseconds;
     bool m_bOn = true;
 };
+
+// Every edit goes through here. edit takes the directory and returns the result of its call.
+template <class TEdit>
+int Edit(PhoneData& phone, TEdit edit)
+{
+    return phone.m_pSafe == nullptr ? edit(phone.m_directory) : phone.m_pSafe->Edit(edit);
+}
 
 // Reading: reading_commands.cpp.
 void Call(PhoneData& phone, const Words& words);

@@ -211,6 +211,7 @@ void ShowSummary(PhoneData& phone, const Words&)
         {{"Contacts", OfMost(directory.GetCurrentContactCount(), directory.GetMaxContactCount())},
          {"Groups", OfMost(directory.GetCurrentGroupCount(), directory.GetMaxGroupCount())},
          {"Blacklisted", OfMost(directory.GetCurrentBlackCount(), directory.GetMaxBlackCount())},
+         {"Edits", phone.m_pSafe == nullptr ? "bare" : "guarded by a safe copy"},
          {"Load time", time.data()}});
 }
 

@@ -2,6 +2,7 @@
 
 #include "desk_phone/screen.h"
 #include "directory/contact_records.h"
+#include "safekeeping/safe_copy.h"
 
 namespace desk_phone {
 
@@ -35,6 +36,10 @@ constexpr RefusalData REFUSALS[] = {
     REFUSAL(DIR_RET_NO_MEMORY, "there is no memory for the new entry"),
     REFUSAL(DIR_RET_EMPTY_KEY, "the name is empty"),
     REFUSAL(DIR_RET_INVALID, "the name is empty, or there is no such group"),
+    REFUSAL(SAFE_RET_NO_COPY, "no safe copy can be made, so nothing was changed"),
+    REFUSAL(SAFE_RET_NOT_WRITTEN, "the disk did not take the change; all is as before"),
+    REFUSAL(SAFE_RET_NOT_UNDONE,
+            "the disk took a part of a change; the copy is put back with the next edit or start"),
 };
 #undef REFUSAL
 
