@@ -7,7 +7,6 @@
 #include "directory/internal/contact_element.h"
 #include "directory/internal/contact_load.h"
 #include "directory/internal/missing_groups.h"
-#include "directory/internal/name_order.h"
 #include "directory/internal/xml_file.h"
 #include "directory/internal/xml_names.h"
 #include "platform/device_services.h"

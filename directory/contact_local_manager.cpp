@@ -1,4 +1,4 @@
-// Life of the directory: the instance, its start and stop, and its counts.
+// Life of the directory: the instance, its start and its stop.
 
 #include "directory/contact_local_manager.h"
 
@@ -66,38 +66,6 @@ bool CContactLocalManager::MyFinal()
     m_pIdGenerator = nullptr;
     (void)MyClearContactList();  // always true: it takes every entry
     return MyClearGroupList();
-}
-
-bool CContactLocalManager::MyClearContactList()
-{
-    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
-        pos = MyEraseContact(pos);
-    }
-    m_nBlackCount = 0;  // whatever it was
-    return m_listContact.size() == 0;
-}
-
-bool CContactLocalManager::MyClearGroupList()
-{
-    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end();) {
-        pos = MyEraseGroup(pos);
-    }
-    return true;
-}
-
-int CContactLocalManager::GetCurrentGroupCount() const
-{
-    return static_cast<int>(m_listGroup.size());
-}
-
-int CContactLocalManager::GetCurrentContactCount() const
-{
-    return static_cast<int>(m_listContact.size()) - m_nBlackCount;
-}
-
-int CContactLocalManager::GetCurrentBlackCount() const
-{
-    return m_nBlackCount;
 }
 
 int CContactLocalManager::ReloadGroupAndItemByHttp()

@@ -16,7 +16,6 @@ namespace NS_DIRECTORY {
 class CNameSet;
 class CXmlInput;
 struct ContactLimits;
-struct ContactPlace;
 struct GroupPlace;
 
 /// The local phone book of the telephone: contacts, contact groups and the blacklist.
@@ -534,8 +533,9 @@ class NSDIRECTORY_API CContactLocalManager
     int MyInsertContact(const ItemData& data, bool bSave);
     // The same, with a save, for a record that takes the place of the one at posOld.
     int MyReplaceContact(ItemIterator posOld, const ItemData& data);
-    // Puts a copy there and returns the place's result, or DIR_RET_NO_MEMORY.
-    int MyPlaceContact(const ContactPlace& place, const ItemData& data);
+    // Puts a copy into its place and returns what an add does, DIR_RET_CONTACT_EXIST or
+    // DIR_RET_NO_MEMORY. pReplaced, if not null, is a record that is about to go.
+    int MyPlaceContact(const ItemData& data, const ItemData* pReplaced);
     void MyLinkContact(ItemIterator pos, ItemData* pItem);
     void MyUnlinkContacts();  // all; the records stay
     ItemIterator MyEraseContact(ItemIterator pos);

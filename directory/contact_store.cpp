@@ -1,13 +1,52 @@
 // The ordered contact list: how a contact is found, where a new one goes, and the count of the
 // blacklist, which changes with the list and here only.
 
+#include <strings.h>
+
 #include <new>
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
-#include "directory/internal/name_order.h"
 
 namespace NS_DIRECTORY {
+namespace {
+
+struct ContactPlace
+{
+    ItemDataList::ListIterator m_itPlace;
+    int m_nResult;
+};
+
+// The record goes in front of m_itPlace. m_nResult counts the contacts of its group, or all for
+// group 0, that the walk met, the one that ended it included; DIR_RET_CONTACT_EXIST if a name is
+// equal. pReplaced, if not null, is a record of the list that does not count: it is about to go.
+ContactPlace FindContactPlace(const ItemDataList& list, const ItemData& item,
+                              const ItemData* pReplaced)
+{
+    int nCounter = 0;
+    ItemDataList::ListIterator pos = list.begin();
+    for (; pos != list.end(); pos = pos->next) {
+        const ItemData& present = *pos->value;
+        if (&present == pReplaced) {
+            continue;
+        }
+        // Counted before the comparison: the contact that ends the walk counts too.
+        if (IsCountedIn(item.m_nGroupId, present)) {
+            ++nCounter;
+        }
+        const int nOrder =
+            strcasecmp(present.m_strDisplayName.c_str(), item.m_strDisplayName.c_str());
+        if (nOrder == 0) {
+            return {pos, DIR_RET_CONTACT_EXIST};
+        }
+        if (nOrder > 0) {
+            break;
+        }
+    }
+    return {pos, nCounter};
+}
+
+}  // namespace
 
 CContactLocalManager::ItemData* CContactLocalManager::MyFindContact(
     const qz::basic_string<char>& strName) const
@@ -58,7 +97,7 @@ int CContactLocalManager::MyInsertContactNoCheckGroup(const ItemData& data, bool
     if (nTest < 0) {
         return nTest;
     }
-    const int nResult = MyPlaceContact(FindContactPlace(m_listContact, data, nullptr), data);
+    const int nResult = MyPlaceContact(data, nullptr);
     if (nResult >= 0 && bSave) {
         MySetContactDirty(true);
     }
@@ -85,7 +124,7 @@ int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& 
     if (nTest < 0) {
         return nTest;
     }
-    const int nResult = MyPlaceContact(FindContactPlace(m_listContact, data, &old), data);
+    const int nResult = MyPlaceContact(data, &old);
     if (nResult >= 0) {
         (void)MyEraseContact(posOld);
         MySetContactDirty(true);
@@ -93,8 +132,9 @@ int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& 
     return nResult;
 }
 
-int CContactLocalManager::MyPlaceContact(const ContactPlace& place, const ItemData& data)
+int CContactLocalManager::MyPlaceContact(const ItemData& data, const ItemData* pReplaced)
 {
+    const ContactPlace place = FindContactPlace(m_listContact, data, pReplaced);
     if (place.m_nResult < 0) {
         return place.m_nResult;
     }
@@ -140,6 +180,15 @@ bool CContactLocalManager::MyChangeContactGroup(ItemData& item, int nGroupId)
     item.m_nGroupId = nGroupId;
     item.m_strKeptGroupName.clear();
     return true;
+}
+
+bool CContactLocalManager::MyClearContactList()
+{
+    for (ItemIterator pos = m_listContact.begin(); pos != m_listContact.end();) {
+        pos = MyEraseContact(pos);
+    }
+    m_nBlackCount = 0;  // whatever it was
+    return m_listContact.size() == 0;
 }
 
 }  // namespace NS_DIRECTORY

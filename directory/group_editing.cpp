@@ -3,7 +3,7 @@
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
-#include "directory/internal/name_order.h"
+#include "directory/internal/group_place.h"
 
 namespace NS_DIRECTORY {
 

@@ -6,7 +6,7 @@
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_finders.h"
-#include "directory/internal/name_order.h"
+#include "directory/internal/group_place.h"
 
 namespace NS_DIRECTORY {
 
@@ -137,6 +137,14 @@ CContactLocalManager::GroupIterator CContactLocalManager::MyEraseGroup(GroupIter
 {
     delete pos->value;
     return m_listGroup.erase(pos);
+}
+
+bool CContactLocalManager::MyClearGroupList()
+{
+    for (GroupIterator pos = m_listGroup.begin(); pos != m_listGroup.end();) {
+        pos = MyEraseGroup(pos);
+    }
+    return true;
 }
 
 }  // namespace NS_DIRECTORY

@@ -1,5 +1,5 @@
-// The three limits. A limit refuses new entries and costs none that is stored: a reload has room
-// for at least as many as the lists held before it.
+// The three limits, and the counts that they are compared with. A limit refuses new entries and
+// costs none that is stored: a reload has room for at least as many as the lists held before it.
 
 #include "directory/internal/limits.h"
 
@@ -49,6 +49,21 @@ int CContactLocalManager::MyGroupLimitForReload() const
         }
     }
     return std::max({m_nMaxGroupCount, nHeld, m_nGroupRoom});
+}
+
+int CContactLocalManager::GetCurrentGroupCount() const
+{
+    return static_cast<int>(m_listGroup.size());
+}
+
+int CContactLocalManager::GetCurrentContactCount() const
+{
+    return static_cast<int>(m_listContact.size()) - m_nBlackCount;
+}
+
+int CContactLocalManager::GetCurrentBlackCount() const
+{
+    return m_nBlackCount;
 }
 
 int CContactLocalManager::GetMaxGroupCount() const

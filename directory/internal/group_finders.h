@@ -7,16 +7,55 @@
 
 namespace NS_DIRECTORY {
 
-// Each the first such group, or null; null also for GROUP_ID_NONE and for an empty name.
-GroupData* FindGroupById(const GroupDataList& list, int nId);
-GroupData* FindGroupByName(const GroupDataList& list, const qz::basic_string<char>& strName);
-GroupData* FindGroupByName(const GroupDataList& list, const char* pName);
+// Each finder returns the first such group, or null; null also for GROUP_ID_NONE and an empty name.
+inline GroupData* FindGroupById(const GroupDataList& list, int nId)
+{
+    if (nId == GROUP_ID_NONE) {
+        return nullptr;
+    }
+    for (GroupData& group : RecordsOf(list)) {
+        if (group.m_nId == nId) {
+            return &group;
+        }
+    }
+    return nullptr;
+}
+
+// TName is a String or a plain text.
+template <class TName>
+GroupData* FindGroupNamed(const GroupDataList& list, const TName& name)
+{
+    for (GroupData& group : RecordsOf(list)) {
+        if (group.m_strDisplayName == name) {
+            return &group;
+        }
+    }
+    return nullptr;
+}
+
+inline GroupData* FindGroupByName(const GroupDataList& list, const qz::basic_string<char>& strName)
+{
+    return strName.empty() ? nullptr : FindGroupNamed(list, strName);
+}
+
+inline GroupData* FindGroupByName(const GroupDataList& list, const char* pName)
+{
+    return *pName == '\0' ? nullptr : FindGroupNamed(list, pName);
+}
 
 // GROUP_ID_NONE if no group has the name.
-int GroupIdByName(const GroupDataList& list, const char* pName);
+inline int GroupIdByName(const GroupDataList& list, const char* pName)
+{
+    const GroupData* pGroup = FindGroupByName(list, pName);
+    return pGroup == nullptr ? GROUP_ID_NONE : pGroup->m_nId;
+}
 
 // Empty if no group has the id. Good until the list changes.
-const char* GroupNameById(const GroupDataList& list, int nId);
+inline const char* GroupNameById(const GroupDataList& list, int nId)
+{
+    const GroupData* pGroup = FindGroupById(list, nId);
+    return pGroup == nullptr ? "" : pGroup->m_strDisplayName.c_str();
+}
 
 }  // namespace NS_DIRECTORY
 

@@ -3,7 +3,7 @@
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_LOAD_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_LOAD_H
 
-#include "directory/internal/name_order.h"
+#include "directory/internal/group_place.h"
 #include "directory/internal/xml_file.h"
 
 namespace NS_DIRECTORY {
