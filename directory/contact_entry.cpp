@@ -1,5 +1,5 @@
 // Adding and updating contacts. A new contact goes through the ordered insert; an update edits the
-// record where it stands, unless the name changes: the name decides the place in the list.
+// record in place, unless the name changes: the name decides the place in the list.
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"

@@ -58,7 +58,7 @@ int CContactLocalManager::MyFillContactList(const CXmlInput& file, const Contact
             m_directory.MyLinkContact(m_directory.m_listContact.end(), pItem);
         }
         void Clear() override { m_directory.MyUnlinkContacts(); }
-        void Refuse(int, pugi::xml_node, const ItemData*) override {}  // the result tells
+        void Refuse(int, pugi::xml_node, const ItemData*) override {}  // the result shows it
 
         CContactLocalManager& m_directory;
     };

@@ -13,7 +13,7 @@ CContactLocalManager* CContactLocalManager::m_pInst = nullptr;
 
 CContactLocalManager::CContactLocalManager() = default;
 
-// The records went with MyFinal(); the lists end their nodes themselves, the contacts first.
+// MyFinal() has freed the records; the lists free their nodes, the contacts first.
 CContactLocalManager::~CContactLocalManager() = default;
 
 void CContactLocalManager::GroupData::Reset()
@@ -29,7 +29,7 @@ CContactLocalManager* CContactLocalManager::GetInstance()
     if (m_pInst == nullptr) {
         m_pInst = new (std::nothrow) CContactLocalManager;
         if (m_pInst != nullptr) {
-            // A host gets its phone book also where a file could not be read.
+            // A host gets its phone book even if a file could not be read.
             (void)m_pInst->MyInit();
         }
     }

@@ -429,12 +429,12 @@ class NSDIRECTORY_API CContactLocalManager
     // -- Lookup by number: number_lookup.cpp --
     // A number matches one of a contact's three numbers byte for byte, nothing else: hosts bring
     // numbers into one form before they store and ask. Of several contacts with the number the
-    // first in the list answers. Null and empty numbers match nothing.
+    // first in the list is the answer. Null and empty numbers match nothing.
 
     /// - Returns: the contact's display name; empty if there is none.
     qz::basic_string<char> GetContactNameByPhoneNumber(const char* pNumber) const;
 
-    /// - Returns: true if the contact that answers to the number is blacklisted.
+    /// - Returns: true if the contact found by the number is blacklisted.
     bool IsBlackContactNumber(const char* pNumber) const;
 
     /// - Returns: 1 and the contact; 0, with pData untouched, for null pointers, for no such
@@ -497,7 +497,7 @@ class NSDIRECTORY_API CContactLocalManager
     int MyInsertGroup(const GroupData& data, bool bSave);
     // Puts a copy there and returns the place's result, or DIR_RET_NO_MEMORY.
     int MyLinkGroup(const GroupPlace& place, const GroupData& data);
-    // Frees the record, then the node, and returns the position behind it.
+    // Frees the record, then the node, and returns the next position.
     GroupIterator MyEraseGroup(GroupIterator pos);
 
     // Group file: group_file.cpp.
@@ -511,7 +511,7 @@ class NSDIRECTORY_API CContactLocalManager
     // Group editing: group_editing.cpp.
     int MyAddGroup(const ContactGroupData& data, int nId);
     void MyReloadAfterEdit();
-    // end() where no group bears the name.
+    // end() if no group has the name.
     GroupIterator MyFindGroupPosition(const qz::basic_string<char>& strName, int& nPosition) const;
     int MyRenameGroup(GroupIterator pos, const ContactGroupData& data);
     int MyTestRename(const GroupData& group, const ContactGroupData& data) const;
@@ -612,8 +612,8 @@ class NSDIRECTORY_API CContactLocalManager
     int m_nContactRoom = 0;
     int m_nBlackRoom = 0;
 
-    // True once this instance has stood with an empty group list: from then on contacts keep the
-    // names of missing groups.
+    // True once this instance has had an empty group list: from then on contacts keep the names of
+    // missing groups.
     bool m_bKeepGroupNames = false;
 
     static CContactLocalManager* m_pInst;

@@ -58,7 +58,7 @@ int CContactLocalManager::GetContactListById(ContactGeneralItemListData* pList, 
     const CPageWindow window(pList->m_nIndexFrom, pList->m_nCountToGet);
     ContactGeneralItemData scratch;  // its photo fields stay empty on plain screens
     int nTotal = 0;
-    // To the end also behind the page, for the total.
+    // To the end of the list even after the page, for the total.
     for (const ItemData& item : RecordsOf(m_listContact)) {
         if (!IsListedIn(nGroupId, item.m_nGroupId)) {
             continue;

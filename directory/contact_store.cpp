@@ -1,5 +1,5 @@
-// The ordered contact list: how a contact is found, where a new one goes, and the count of the
-// blacklist, which changes with the list and here only.
+// The ordered contact list: how a contact is found, placed and removed. The count of the blacklist
+// changes here only.
 
 #include <strings.h>
 
@@ -114,8 +114,8 @@ int CContactLocalManager::MyInsertContact(const ItemData& data, bool bSave)
     return MyInsertContactNoCheckGroup(fallback, bSave);
 }
 
-// The new record goes in before the old one goes out, so that a refusal leaves the old one as it
-// was and where it was.
+// The new record goes in before the old one goes out, so that a refusal leaves the old one
+// untouched.
 int CContactLocalManager::MyReplaceContact(ItemIterator posOld, const ItemData& data)
 {
     const ItemData& old = *posOld->value;

@@ -1,5 +1,5 @@
-// Editing of groups. An add, a new name and a single removal end with a reload of both files, since
-// that is what gives the groups their ids; each saves first what the reload will take.
+// Editing of groups. An add, a rename and a single removal end with a reload of both files, since
+// that is what gives the groups their ids. Each saves first what the reload will take.
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
@@ -20,7 +20,7 @@ int CContactLocalManager::AddGroup(const ContactGroupData& data)
 // the reload gives new ones.
 int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
 {
-    // A name that exists is told also of a full list.
+    // An existing name is reported even if the list is full.
     if (IsGroupExist(data.m_strDisplayName)) {
         return DIR_RET_GROUP_EXIST;
     }
@@ -211,7 +211,7 @@ int CContactLocalManager::RemoveAllGroup()
     if (!bRemoved) {
         return DIR_RET_GROUP_NOT_FOUND;
     }
-    // No reload: only the fixed groups are left, and their ids stand.
+    // No reload: only the fixed groups are left, and their ids do not change.
     MySetGroupDirty(true);
     return DIR_RET_OK;
 }
@@ -221,7 +221,7 @@ int CContactLocalManager::MyUpdateAllContactGroupId(int nOldId, int nNewId)
     bool bChanged = false;
     for (ItemData& item : RecordsOf(m_listContact)) {
         if (item.m_nGroupId == nOldId) {
-            bChanged = MyChangeContactGroup(item, nNewId);  // all answer alike
+            bChanged = MyChangeContactGroup(item, nNewId);  // the same result for all
         }
     }
     if (bChanged) {

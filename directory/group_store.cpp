@@ -1,4 +1,4 @@
-// The ordered group list: how a group is found and where a new one goes.
+// The ordered group list: how a group is found, added and erased.
 
 #include <cstring>
 #include <new>
@@ -88,7 +88,7 @@ int CContactLocalManager::GetGroupNameByIndex(int nIndex, qz::basic_string<char>
     return DIR_RET_OK;
 }
 
-// A failed search answers like "All Contacts": hosts that need to tell ask IsGroupExist.
+// A failed search returns the position of "All Contacts": hosts that need to know ask IsGroupExist.
 int CContactLocalManager::GetGroupIndexByName(const char* pName) const
 {
     if (pName == nullptr) {
@@ -104,7 +104,7 @@ int CContactLocalManager::GetGroupIndexByName(const char* pName) const
     return 0;
 }
 
-// One comparison, and callers rely on it: it does not look which group stands there.
+// Only this comparison, whichever group is there: callers rely on it.
 bool CContactLocalManager::IsBlacklistIndex(int nIndex) const
 {
     return nIndex == GetCurrentGroupCount() - 1;

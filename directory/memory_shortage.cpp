@@ -27,7 +27,7 @@ int CContactLocalManager::MyCatchUp()
         return DIR_RET_NO_MEMORY;
     }
     if (m_bGroupUnread) {
-        (void)ReloadGroupXml();  // the flag tells
+        (void)ReloadGroupXml();  // the flag shows whether it worked
     }
     if (m_bContactUnread && !m_bGroupUnread) {
         (void)ReloadContactXml();

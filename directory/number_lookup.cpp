@@ -1,6 +1,6 @@
 // Who is calling: one search over the contact list, and the questions that start from a number.
 // There is no index. A walk over a thousand contacts takes some microseconds and needs no memory,
-// and the first contact in list order answers, whatever was added when.
+// and the first contact in list order is the answer, whatever was added when.
 
 #include <cstdint>
 
@@ -162,7 +162,7 @@ int CContactLocalManager::GetContactData(ContactGeneralItemData* pData,
     if (pItem != nullptr) {
         return MyID2CGID(pData, *pItem);
     }
-    // As a text: what stands behind a NUL in the number is not part of it.
+    // As a text: bytes after a NUL are no part of the number.
     return GetContactDataByNumber(pData, strNumber.c_str());
 }
 

@@ -1,4 +1,4 @@
-// The ring to play for a caller, the group that stands behind it, and the way back to the default
+// The ring to play for a caller, the name of a contact's group, and the return to the default
 // photo.
 
 #include <cstring>
@@ -29,7 +29,7 @@ qz::basic_string<char> CContactLocalManager::GetContactRingByNumber(const char* 
     return pGroup == nullptr ? qz::basic_string<char>() : pGroup->m_strRing;
 }
 
-// The operation's name says ring; the answer is the name of the group.
+// Despite the operation's name, the result is the name of the group, not its ring.
 qz::basic_string<char> CContactLocalManager::GetGroupRingByContact(
     const qz::basic_string<char>& strName) const
 {
@@ -50,7 +50,7 @@ int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
             item.m_strDefaultPhoto = DEFAULT_PHOTO;
         }
     }
-    MySetContactDirty(true);  // in every case, also where nobody has the photo
+    MySetContactDirty(true);  // in every case, even if nobody has the photo
     return DIR_RET_OK_ZERO;
 }
 

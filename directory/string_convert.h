@@ -15,9 +15,9 @@ enum StringConvertType : int
     STRING_CONVERT_TO_UPPER = 2
 };
 
-/// A copy of text with each byte taken through tolower or toupper of the current locale. It works
-/// on bytes: a letter of several bytes, as in UTF-8, stays as it is in the locales where
-/// its bytes have no case. Any other type copies the text unchanged.
+/// Converts each byte by tolower or toupper of the current locale. A letter of several bytes, as in
+/// UTF-8, stays as it is if its bytes have no case in the locale.
+/// - Returns: the converted copy; an unchanged copy for any other type.
 NSDIRECTORY_API qz::basic_string<char> commonAPI_StringConvert(const qz::basic_string<char>& text,
                                                                StringConvertType type);
 

@@ -13,7 +13,7 @@
 
 #pragma GCC visibility push(default)
 
-/// Non-zero where the screen shows colours. Only then do contacts have photos: the directory reads,
+/// Non-zero if the screen shows colours. Only then do contacts have photos: the directory reads,
 /// writes and hands out the photo fields on colour screens alone. An answer that changes while
 /// contacts are stored costs their photos at the next load or save on a plain screen.
 int IsColorfulScreen();
@@ -21,11 +21,11 @@ int IsColorfulScreen();
 class ZMK_MiscHelper
 {
   public:
-    /// Non-zero where a file exists at the path. It is asked for the two files of the directory and
+    /// Non-zero if a file exists at the path. It is asked for the two files of the directory and
     /// for the ring of a contact. A wrong zero for the group file has the default groups written
     /// over it, and one for the contact file gives an empty list that the next save writes over it.
-    /// So an answer that cannot be had, for want of memory or after an error of the storage, is not
-    /// zero, and a device whose storage is not up yet must not start the directory.
+    /// So an answer that cannot be had, because of a shortage of memory or an error of the storage,
+    /// is not zero, and a device whose storage is not up yet must not start the directory.
     static int pathFileExist(const char* path);
 };
 

@@ -1,4 +1,4 @@
-// The one form in which a contact stands in a file, read and written side by side.
+// The form of a contact in a file, read and written side by side.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_CONTACT_ELEMENT_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_CONTACT_ELEMENT_H

@@ -1,4 +1,4 @@
-// The one form in which a group stands in a file, read and written side by side.
+// The form of a group in a file, read and written side by side.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_ELEMENT_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_ELEMENT_H

@@ -1,4 +1,4 @@
-// Where a new group goes in the ordered list, and what refuses it.
+// The place of a new group in the ordered list, and what refuses it.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_PLACE_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_GROUP_PLACE_H

@@ -3,7 +3,7 @@
 // The contact file names each contact's group, and a load turns the name into an id. If the group
 // file was lost or broken, there are no groups, and every contact lands in group 0. The next save
 // would then write the name of group 0, or none, for all of them. So an instance that has once
-// stood with an empty group list keeps, in each such contact, the name that the file had:
+// had an empty group list keeps, in each such contact, the name that the file had:
 //
 //   keep     before a reload drops the group list, each contact notes the name of its group
 //   resolve  a load notes the name from the file if no group has it

@@ -8,8 +8,8 @@
 
 namespace NS_DIRECTORY {
 
-// A file read into memory. What cannot be read is not there: of a damaged file the document holds
-// what stands before the fault, and of one that cannot be opened nothing.
+// A file read into memory. Of a damaged file the document holds the part before the fault, of a
+// file that cannot be opened nothing.
 class CXmlInput
 {
   public:
@@ -31,7 +31,7 @@ class CXmlInput
 };
 
 // Looks up the attributes of one element by name, each name once; the first of a name counts. It
-// is quickest when they are asked for in the order in which they stand.
+// is fastest if they are asked for in the order of the element.
 class CAttributeReader
 {
   public:
@@ -55,7 +55,7 @@ class CXmlOutput
     CXmlOutput();
 
     pugi::xml_node AppendRoot(const char* pName) { return AppendElement(m_document, pName); }
-    // These three stand here for the compiler to see: a save calls them a dozen times a contact.
+    // These three are inline because a save calls them a dozen times for each contact.
     pugi::xml_node AppendElement(pugi::xml_node parent, const char* pName)
     {
         pugi::xml_node element = parent.append_child(pName);
