@@ -120,16 +120,17 @@ SoundnessData TestFiles(const CFilePair& pair, const FileForm (&arrForm)[SAFE_FI
     return result;
 }
 
-// Copies the files as they are, if the copies do not hold them yet.
-bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT])
+// Copies the files as they are, if the copies do not hold them yet. Then they are durable; if not,
+// bSync has them made so.
+bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT], bool bSync)
 {
     FilePairData files;
-    const CopyState copy = pair.FindCopy();
+    const CopyState copy = pair.Found();
     if (copy == CopyState::UNREADABLE || !pair.ReadFiles(files)) {
         return false;
     }
     if (copy == CopyState::WHOLE && pair.HoldsCopyOf(files)) {
-        return true;
+        return !bSync || pair.SyncFiles(true);
     }
     const SoundnessData sound =
         TestFiles(pair, {arrFile[SAFE_GROUPS].m_form, arrFile[SAFE_CONTACTS].m_form});
@@ -139,27 +140,34 @@ bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT])
         copy == CopyState::WHOLE && (pair.IsCopySound(bKnown) || !bKnown)) {
         return false;
     }
-    return pair.SyncFiles() && pair.Renew(files) && pair.FindCopy() == CopyState::WHOLE;
+    return pair.SyncFiles(true) && pair.Renew(files) && pair.FindCopy() == CopyState::WHOLE;
 }
 
-// For copies that were moved away or whose files have changed. If it fails, the next edit tries.
-void FollowFiles(CFilePair& pair)
+// After an edit or a way back. If it fails, the next edit makes the copies.
+void Follow(CFilePair& pair, const FilePairData& files)
+{
+    if (!pair.HoldsCopyOf(files)) {
+        (void)pair.Renew(files);
+    }
+}
+
+// For copies that were moved away when they were put back.
+void FollowAfterPutBack(CFilePair& pair)
 {
     FilePairData files;
-    if (pair.FindCopy() != CopyState::UNREADABLE && pair.ReadFiles(files) &&
-        !pair.HoldsCopyOf(files)) {
-        (void)pair.Renew(files);
+    if (pair.FindCopy() != CopyState::UNREADABLE && pair.ReadFiles(files)) {
+        Follow(pair, files);
     }
 }
 
 // -- What does not match at the beginning --
 
-// Writes the contact file once more. True if memory is then in both files.
+// Writes the contact file once more. True if both files then hold what memory holds.
 bool WriteContacts(CContactLocalManager& directory, const CFilePair& pair,
                    ComparisonData (&arrResult)[SAFE_FILE_COUNT])
 {
     (void)directory.SetDefaultPhoto(PHOTO_OF_NOBODY);  // what became of it shows in the file
-    return pair.SyncFiles() && CompareBoth(directory, pair, arrResult) && !IsMemoryAhead(arrResult);
+    return CompareBoth(directory, pair, arrResult) && !IsMemoryAhead(arrResult);
 }
 
 // Memory is ahead. A whole contact file is written over under guard, so that a failure costs
@@ -173,10 +181,10 @@ int BringTogether(CContactLocalManager& directory, CFilePair& pair,
     if (arrResult[SAFE_CONTACTS].m_form != FileForm::WHOLE) {
         return WriteContacts(directory, pair, arrResult) ? PREPARED : SAFE_RET_NO_COPY;
     }
-    if (!MakeCopy(pair, arrResult) || !pair.SetMark()) {
+    if (!MakeCopy(pair, arrResult, false) || !pair.SetMark()) {
         return pair.ClearMark() ? SAFE_RET_NO_COPY : SAFE_RET_NOT_UNDONE;
     }
-    const bool bTogether = WriteContacts(directory, pair, arrResult);
+    const bool bTogether = WriteContacts(directory, pair, arrResult) && pair.SyncFiles(false);
     const bool bInOrder = bTogether || pair.PutBack(SAFE_GROUPS, true);
     if (!bInOrder || !pair.ClearMark()) {
         return SAFE_RET_NOT_UNDONE;
@@ -213,7 +221,7 @@ int Undo(CContactLocalManager& directory, SafeCopyStateData& state)
     if (!bUndone) {
         return SAFE_RET_NOT_UNDONE;
     }
-    FollowFiles(pair);
+    FollowAfterPutBack(pair);
     return SAFE_RET_NOT_WRITTEN;
 }
 
@@ -239,11 +247,13 @@ bool IsFileRight(const ComparisonData& now, const ComparisonData& before, bool b
 // memory and files alone do not tell: the system does. But it may also have met with something that
 // concerns no file, and an edit that was refused and changed nothing keeps its answer.
 bool HasArrived(const CContactLocalManager& directory, const CFilePair& pair,
-                const SafeCopyStateData& state, int nResult, int nError)
+                const SafeCopyStateData& state, int nResult, int nError, FilePairData& files)
 {
-    FilePairData files;
     ComparisonData arrNow[SAFE_FILE_COUNT];
-    if (!pair.SyncFiles() || !pair.ReadFiles(files) || !CompareBoth(directory, pair, arrNow)) {
+    const bool bFolder =
+        !pair.Copied(SAFE_GROUPS).m_bPresent || !pair.Copied(SAFE_CONTACTS).m_bPresent;
+    if (!pair.SyncFiles(bFolder) || !pair.ReadFiles(files) ||
+        !CompareBoth(directory, pair, arrNow)) {
         return false;
     }
     bool bChanged = false;
@@ -260,9 +270,12 @@ bool HasArrived(const CContactLocalManager& directory, const CFilePair& pair,
 // A contact file that was only made for the guard goes, unless the edit has put contacts into it.
 void RemoveEmptyContacts(const CContactLocalManager& directory, const CFilePair& pair)
 {
+    if (pair.Copied(SAFE_CONTACTS).m_bPresent) {
+        return;
+    }
     const ComparisonData contacts = pair.CompareFile(directory, SAFE_CONTACTS);
-    if (!pair.Copied(SAFE_CONTACTS).m_bPresent && contacts.m_form == FileForm::WHOLE &&
-        contacts.m_nEntries == 0 && !contacts.m_bMemoryAhead) {
+    if (contacts.m_form == FileForm::WHOLE && contacts.m_nEntries == 0 &&
+        !contacts.m_bMemoryAhead) {
         (void)pair.RemoveFile(SAFE_CONTACTS);  // an empty one is as good
     }
 }
@@ -270,7 +283,7 @@ void RemoveEmptyContacts(const CContactLocalManager& directory, const CFilePair&
 // -- The beginning of every edit --
 
 // Memory and files match, and the copies hold the files.
-int Prepare(CContactLocalManager& directory, SafeCopyStateData& state, CFilePair& pair)
+int Prepare(CContactLocalManager& directory, SafeCopyStateData& state, CFilePair& pair, bool bSync)
 {
     const MarkState mark = pair.FindMark();
     const CopyState copy = pair.FindCopy();
@@ -288,7 +301,7 @@ int Prepare(CContactLocalManager& directory, SafeCopyStateData& state, CFilePair
             return nTogether;
         }
     }
-    const bool bCopied = MakeCopy(pair, state.m_arrBefore);
+    const bool bCopied = MakeCopy(pair, state.m_arrBefore, bSync);
     const bool bClear = mark == MarkState::CLEAR || (bCopied && pair.ClearMark());
     return bCopied && bClear ? PREPARED : SAFE_RET_NO_COPY;
 }
@@ -334,7 +347,7 @@ int CSafeCopy::Restore()
         !pair.ClearMark()) {
         return SAFE_RET_NOT_UNDONE;
     }
-    FollowFiles(pair);
+    FollowAfterPutBack(pair);
     return RESTORED;
 }
 
@@ -346,8 +359,7 @@ int CSafeCopy::Keep()
         return SAFE_RET_NO_COPY;
     }
     CFilePair pair(m_pState->m_strCopyFolder.c_str());
-    const bool bKept = Prepare(*pDirectory, *m_pState, pair) == PREPARED && pair.SyncFiles();
-    return bKept ? KEPT : SAFE_RET_NO_COPY;
+    return Prepare(*pDirectory, *m_pState, pair, true) == PREPARED ? KEPT : SAFE_RET_NO_COPY;
 }
 
 int CSafeCopy::MyBeginEdit()
@@ -360,7 +372,7 @@ int CSafeCopy::MyBeginEdit()
         return SAFE_RET_NOT_UNDONE;
     }
     CFilePair pair(m_pState->m_strCopyFolder.c_str());
-    const int nPrepared = Prepare(*pDirectory, *m_pState, pair);
+    const int nPrepared = Prepare(*pDirectory, *m_pState, pair, false);
     if (nPrepared < 0) {
         return nPrepared;
     }
@@ -386,21 +398,21 @@ int CSafeCopy::MyEndEdit(int nResult)
     m_pState->m_bUnderWay = false;
     CContactLocalManager& directory = *CContactLocalManager::GetInstance();
     CFilePair pair(m_pState->m_strCopyFolder.c_str());
-    if (pair.FindCopy() == CopyState::WHOLE) {
+    const bool bCopied = pair.FindCopy() == CopyState::WHOLE;
+    if (bCopied) {
         RemoveEmptyContacts(directory, pair);
-        if (HasArrived(directory, pair, *m_pState, nResult, nError)) {
-            if (pair.ClearMark()) {
-                FollowFiles(pair);
-                return nResult;
-            }
-            // It may come back after a power cut, and so the edit must go.
-            m_pState->m_bUndoPending = true;
-            if (!pair.SetMark()) {
-                return SAFE_RET_NOT_UNDONE;
-            }
-        }
     }
-    return Undo(directory, *m_pState);
+    FilePairData files;
+    if (!bCopied || !HasArrived(directory, pair, *m_pState, nResult, nError, files)) {
+        return Undo(directory, *m_pState);
+    }
+    if (pair.ClearMark()) {
+        Follow(pair, files);
+        return nResult;
+    }
+    // The mark may come back after a power cut, and so the edit must go.
+    m_pState->m_bUndoPending = true;
+    return pair.SetMark() ? Undo(directory, *m_pState) : SAFE_RET_NOT_UNDONE;
 }
 
 }  // namespace NS_DIRECTORY

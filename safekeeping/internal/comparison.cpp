@@ -106,17 +106,13 @@ class CEntries
 
 FileForm Parse(const CFolder& folder, const char* pName, int nFile, pugi::xml_document& document)
 {
-    FileData file;
-    if (!folder.Read(pName, file)) {
-        return FileForm::UNKNOWN;
-    }
-    if (!file.m_bPresent) {
-        return FileForm::ABSENT;
-    }
+    char* pText = nullptr;
     std::size_t nSize = 0;
-    char* pText = folder.ReadText(pName, nSize);
-    if (pText == nullptr) {
+    if (!folder.ReadText(pName, &pText, nSize)) {
         return FileForm::UNKNOWN;
+    }
+    if (pText == nullptr) {
+        return FileForm::ABSENT;
     }
     const pugi::xml_parse_result status = document.load_buffer(pText, nSize);
     std::free(pText);

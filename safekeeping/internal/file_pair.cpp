@@ -1,4 +1,5 @@
-// The pair of files and the pair of copies. Each step is durable before the next one begins.
+// The pair of files and the pair of copies. What a later step relies on is made durable before it,
+// and nothing else is: each sync costs time and wears the storage.
 
 #include "safekeeping/internal/file_pair.h"
 
@@ -35,9 +36,10 @@ bool CFilePair::ReadFiles(FilePairData& files) const
     return bRead;
 }
 
-bool CFilePair::SyncFiles() const
+bool CFilePair::SyncFiles(bool bFolder) const
 {
-    return m_data.SyncFile(GROUP_FILE_NAME) && m_data.SyncFile(CONTACT_FILE_NAME) && m_data.Sync();
+    return m_data.SyncFile(GROUP_FILE_NAME) && m_data.SyncFile(CONTACT_FILE_NAME) &&
+           (!bFolder || m_data.Sync());
 }
 
 bool CFilePair::RemoveFile(int nFile) const
@@ -58,17 +60,17 @@ ComparisonData CFilePair::CompareFile(const CContactLocalManager& directory, int
 CopyState CFilePair::FindCopy()
 {
     const ManifestState manifest = ReadManifest(m_copies, MANIFEST, m_manifest);
-    CopyState state = CopyState::WHOLE;
+    m_state = CopyState::WHOLE;
     for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
         const CopyState one = MyFindSource(n);
-        state = one == CopyState::WHOLE || state == CopyState::UNREADABLE ? state : one;
+        m_state = one == CopyState::WHOLE || m_state == CopyState::UNREADABLE ? m_state : one;
     }
     m_bManifest = manifest == ManifestState::THERE;
-    if (m_bManifest) {
-        return state;
+    if (!m_bManifest) {
+        m_manifest = ManifestData();
+        m_state = manifest == ManifestState::MISSING ? CopyState::LOST : CopyState::UNREADABLE;
     }
-    m_manifest = ManifestData();
-    return manifest == ManifestState::MISSING ? CopyState::LOST : CopyState::UNREADABLE;
+    return m_state;
 }
 
 CopyState CFilePair::MyFindSource(int nFile)
@@ -101,7 +103,9 @@ bool CFilePair::IsCopySound(bool& bKnown) const
                                   ? ReadForm(m_copies, NAMES[n].m_pCopy, n)
                                   : FormOfFile(n);
         bKnown = bKnown && (form != FileForm::UNKNOWN);
-        bSound = bSound && (form == FileForm::WHOLE || m_arrSource[n] == Source::NOTHING);
+        // Without contacts a device is new; without groups it has lost them.
+        const bool bNone = n == SAFE_CONTACTS && m_arrSource[n] == Source::NOTHING;
+        bSound = bSound && (form == FileForm::WHOLE || bNone);
     }
     return bSound;
 }
@@ -124,21 +128,22 @@ bool CFilePair::HoldsCopyOf(const FilePairData& files) const
 
 bool CFilePair::Renew(const FilePairData& files)
 {
-    if (!MyWriteCopies(files) || !MyRenameCopies(files) || !m_copies.Sync()) {
-        RemoveLeftovers();
-        return false;
-    }
     ManifestData manifest;
     for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
         manifest.m_arrFile[n] = files[n];
     }
+    if (!MyWriteCopies(files) || !WriteManifest(m_copies, NEW_MANIFEST, manifest)) {
+        RemoveLeftovers();
+        return false;
+    }
     bool bUnused = false;
-    // Last: until then the copies are no pair.
-    return WriteManifest(m_copies, NEW_MANIFEST, manifest) &&
-           m_copies.Rename(NEW_MANIFEST, m_copies, MANIFEST, bUnused) && m_copies.Sync();
+    // In whichever order the renames reach the disk: copies that are not those of the manifest are
+    // no pair, and both files are durable.
+    return MyRenameCopies(files) && m_copies.Rename(NEW_MANIFEST, m_copies, MANIFEST, bUnused) &&
+           m_copies.Sync();
 }
 
-// All copies are written before the first replaces an old one: a full disk then costs none of them.
+// All is written before the first new copy replaces an old one: a full disk then costs none.
 bool CFilePair::MyWriteCopies(const FilePairData& files) const
 {
     RemoveLeftovers();
@@ -166,13 +171,10 @@ bool CFilePair::MyRenameCopies(const FilePairData& files) const
 
 bool CFilePair::PutBack(int nFirst, bool bMarked)
 {
-    for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
-        const int nFile = n == 0 ? nFirst : SAFE_FILE_COUNT - 1 - nFirst;
-        if (!MyPutBackOne(nFile, bMarked) || !m_data.Sync() || !m_copies.Sync()) {
-            return false;
-        }
-    }
-    return true;
+    const int nSecond = SAFE_FILE_COUNT - 1 - nFirst;
+    // A rename is durable when both its folders are. The mark holds both files together.
+    return MyPutBackOne(nFirst, bMarked) && (bMarked || (m_data.Sync() && m_copies.Sync())) &&
+           MyPutBackOne(nSecond, bMarked) && m_data.Sync() && m_copies.Sync();
 }
 
 bool CFilePair::MyPutBackOne(int nFile, bool bMarked) const
@@ -182,7 +184,7 @@ bool CFilePair::MyPutBackOne(int nFile, bool bMarked) const
         return m_data.Remove(names.m_pFile);
     }
     if (m_arrSource[nFile] == Source::IN_PLACE) {
-        return m_data.SyncFile(names.m_pFile);
+        return true;  // it was synced as a copy
     }
     bool bOtherFileSystem = false;
     if (m_copies.Rename(names.m_pCopy, m_data, names.m_pFile, bOtherFileSystem)) {
@@ -215,7 +217,7 @@ MarkState CFilePair::FindMark() const
 
 bool CFilePair::SetMark() const
 {
-    return (FindMark() == MarkState::SET || m_copies.Write(MARK, "", 0)) && m_copies.Sync();
+    return (FindMark() == MarkState::SET || m_copies.Make(MARK)) && m_copies.Sync();
 }
 
 bool CFilePair::ClearMark() const

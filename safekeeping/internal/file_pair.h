@@ -36,21 +36,22 @@ class CFilePair
 
     // False if one of the files is there and cannot be read.
     bool ReadFiles(FilePairData& files) const;
-    bool SyncFiles() const;  // and their folder
+    bool SyncFiles(bool bFolder) const;  // the folder too if one may have come or gone
     bool RemoveFile(int nFile) const;
 
     // Looks for what the manifest names. What follows goes by what it found.
     CopyState FindCopy();
+    CopyState Found() const { return m_state; }
     bool HasManifest() const { return m_bManifest; }
     // What the copies hold; both absent if there is no manifest.
     const FileData& Copied(int nFile) const { return m_manifest.m_arrFile[nFile]; }
-    // True if no start would find a fault in what the manifest names; bKnown says whether that
+    // True if a start would find no fault in what the manifest names; bKnown says whether that
     // could be found out.
     bool IsCopySound(bool& bKnown) const;
     // True if the copies hold exactly these files.
     bool HoldsCopyOf(const FilePairData& files) const;
-    // Copies the files, which must be durable. If that fails, the old copies still stand, unless it
-    // was a sync or a rename that failed.
+    // Copies the files, which must be durable, and leaves it to FindCopy() to look at what that has
+    // made. If it fails, the old copies still stand, unless it was a rename or the sync after it.
     bool Renew(const FilePairData& files);
     // Puts both back and makes them durable. Without a mark the first one must be whole, so that a
     // broken one calls for the rest if this is interrupted. bMarked also allows to give up a file
@@ -84,6 +85,7 @@ class CFilePair
 
     CFolder m_data;
     CFolder m_copies;
+    CopyState m_state = CopyState::UNREADABLE;
     bool m_bManifest = false;
     ManifestData m_manifest;
     FilePairData m_arrCopy;  // as they lie in their folder

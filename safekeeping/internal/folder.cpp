@@ -8,9 +8,11 @@
 #include <unistd.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace NS_DIRECTORY {
 namespace {
@@ -174,27 +176,33 @@ bool CFolder::Read(const char* pName, FileData& data) const
            });
 }
 
-char* CFolder::ReadText(const char* pName, std::size_t& nSize) const
+bool CFolder::ReadText(const char* pName, char** ppText, std::size_t& nSize) const
 {
+    *ppText = nullptr;
     nSize = 0;
-    const int nFile = MyOpen(pName);
+    const int nFile = m_bAbsent ? NO_FILE : MyOpen(pName);
+    if (nFile < 0) {
+        return m_bAbsent || errno == ENOENT;
+    }
     const CReadFile file(nFile);
     struct stat info = {};
-    if (nFile < 0 || fstat(nFile, &info) != 0 || !S_ISREG(info.st_mode)) {
-        return nullptr;
+    if (fstat(nFile, &info) != 0 || !S_ISREG(info.st_mode)) {
+        return false;
     }
     const auto nRoom = static_cast<std::size_t>(info.st_size);
-    char* pText = static_cast<char*>(std::malloc(nRoom + 1));  // room also for an empty one
-    ssize_t nRead = pText == nullptr ? -1 : 1;
-    while (nRead > 0 && nSize < nRoom) {
-        nRead = Repeat([&] { return read(nFile, pText + nSize, nRoom - nSize); });
-        nSize += nRead > 0 ? static_cast<std::size_t>(nRead) : 0;
-    }
-    if (nRead < 0) {
+    char* pText = static_cast<char*>(std::malloc(nRoom + 1));
+    const bool bRead =
+        pText != nullptr && ReadPieces(nFile, [&](const char* pPiece, std::size_t n) {
+            std::memcpy(pText + nSize, pPiece, std::min(n, nRoom - nSize));
+            nSize += std::min(n, nRoom - nSize);
+            return true;
+        });
+    if (!bRead) {
         std::free(pText);
-        return nullptr;
+        return false;
     }
-    return pText;
+    *ppText = pText;
+    return true;
 }
 
 // Syncs and closes a new file; one that is not all there goes.
@@ -208,6 +216,13 @@ bool CFolder::MyFinish(int nFile, bool bWritten, const char* pName) const
         return false;
     }
     return true;
+}
+
+bool CFolder::Make(const char* pName) const
+{
+    const int nFile = MyCreate(pName, OWN_FILE_RIGHTS);
+    const CReadFile file(nFile);  // nothing is written to it either
+    return nFile >= 0;
 }
 
 bool CFolder::Write(const char* pName, const char* pText, std::size_t nSize) const

@@ -41,9 +41,12 @@ class CFolder
     // that cannot be found out.
     bool Read(const char* pName, FileData& data) const;
 
-    // The whole file, with room for it from malloc, which is the caller's to free. Null if it
-    // cannot be read or there is no memory.
-    char* ReadText(const char* pName, std::size_t& nSize) const;
+    // The whole file in *ppText, with room for it and one byte more from malloc, which is the
+    // caller's to free; null if the file is absent. False as above, and if there is no memory.
+    bool ReadText(const char* pName, char** ppText, std::size_t& nSize) const;
+
+    // Makes an empty file of the name, which must not be there. There is nothing in it to sync.
+    bool Make(const char* pName) const;
 
     // Makes a file of the name, which must not be there, and syncs it. On failure nothing is left.
     bool Write(const char* pName, const char* pText, std::size_t nSize) const;

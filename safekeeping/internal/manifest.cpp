@@ -57,17 +57,13 @@ void TakeNumbers(const char* pText, ManifestData& manifest)
 ManifestState ReadManifest(const CFolder& folder, const char* pName, ManifestData& manifest)
 {
     manifest = ManifestData();
-    FileData file;
-    if (!folder.Read(pName, file)) {
-        return ManifestState::UNREADABLE;
-    }
-    if (!file.m_bPresent || file.m_nSize >= MOST_TEXT) {
-        return ManifestState::MISSING;
-    }
+    char* pText = nullptr;
     std::size_t nSize = 0;
-    char* pText = folder.ReadText(pName, nSize);
-    if (pText == nullptr) {
+    if (!folder.ReadText(pName, &pText, nSize)) {
         return ManifestState::UNREADABLE;
+    }
+    if (pText == nullptr) {
+        return ManifestState::MISSING;
     }
     pText[nSize] = '\0';
     TakeNumbers(pText, manifest);
