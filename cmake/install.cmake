@@ -108,7 +108,10 @@ services, CMake package, pkg-config files and pretty printers for gdb.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME nsdirectory-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
-set(CPACK_COMPONENT_TOOLS_DESCRIPTION "A checker for the two files of the phone book.")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "python3 (>= 3.11), python3-vobject")
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION
+  "A checker for the two files of the phone book, and a program that brings contacts in
+and out as vCard or CSV.")
 
 set(CPACK_COMPONENTS_ALL runtime development)
 if(NSDIRECTORY_BUILD_TOOLS)
