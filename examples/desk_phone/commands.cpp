@@ -58,6 +58,7 @@ constexpr CommandData COMMANDS[] = {
     {"summary", "", 0, 0, ShowSummary, "Counts, limits, and how long the start took."},
     {"help", "[COMMAND]", 0, 1, Help, "What a command does."},
     {"quit", "", 0, 0, Quit, "Ends the program, as the end of input does."},
+    {"exit", "", 0, 0, Quit, "The same."},
 };
 
 std::string Usage(const CommandData& command)
@@ -143,6 +144,7 @@ void RunLine(PhoneData& phone, const std::string& strLine)
         }
     } catch (const CWrongInput& wrong) {
         PrintText(wrong.what());
+        phone.m_bFailed = true;
     }
 }
 

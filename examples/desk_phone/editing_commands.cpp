@@ -4,6 +4,7 @@
 #include "desk_phone/contact_fields.h"
 #include "desk_phone/phone.h"
 #include "desk_phone/results.h"
+#include "desk_phone/screen.h"
 
 namespace desk_phone {
 
@@ -81,7 +82,8 @@ void RemoveAllContacts(PhoneData& phone, const Words& words)
 {
     const int nId = phone.m_directory.GetGroupIdByGroupName(ToText(words[1]));
     if (nId == NS_DIRECTORY::GROUP_ID_NONE) {
-        throw CWrongInput("There is no group " + words[1] + ".");
+        PrintText("There is no group " + words[1] + ".");
+        return;
     }
     // 0 is how this operation tells that the directory takes no changes.
     const int nResult =

@@ -35,7 +35,7 @@ bool ReadFromStream(std::istream& stream, std::string& strLine)
     if (!strLine.empty() && strLine.back() == '\r') {
         strLine.pop_back();  // a script from another system
     }
-    return bAny || !stream.eof();
+    return bAny || static_cast<bool>(stream);
 }
 
 }  // namespace desk_phone

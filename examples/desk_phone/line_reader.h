@@ -15,7 +15,8 @@ inline constexpr std::size_t MOST_LINE_BYTES = 1000;
 bool ReadAtPrompt(std::string& strLine);
 
 // A line of a script or a pipe. Of one that is too long the first MOST_LINE_BYTES + 1 bytes are
-// kept, whatever its length. False at end of input.
+// kept, whatever its length. False at the end of input, and if it cannot be read: stream.bad()
+// then.
 bool ReadFromStream(std::istream& stream, std::string& strLine);
 
 }  // namespace desk_phone

@@ -1,6 +1,9 @@
 // desk_phone: a terminal program that stands in for a telephone. It starts the directory on a
 // folder of its own and takes commands from a prompt, from a pipe or from a script. With a folder
 // for safe copies all its edits are guarded.
+//
+// Exit status: 1 if a line of a script or a pipe was wrong, 2 if the program cannot start, a script
+// cannot be read or the output cannot be written.
 
 #include <unistd.h>
 
@@ -8,6 +11,7 @@
 #include <algorithm>
 #include <chrono>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -25,6 +29,11 @@ namespace {
 using desk_phone::PhoneData;
 using NS_DIRECTORY::CContactLocalManager;
 using NS_DIRECTORY::CSafeCopy;
+
+constexpr int EXIT_WRONG_LINE = 1;
+constexpr int EXIT_UNUSABLE = 2;
+
+volatile std::sig_atomic_t s_nSignal = 0;
 
 // The library works on a folder relative to the working directory, and does not make it.
 void EnterFolder(const std::string& strFolder)
@@ -84,12 +93,64 @@ void Echo(std::string strLine)
     }
 }
 
-void RunStream(PhoneData& phone, std::istream& stream)
+// A signal must not end the program while it writes a file, so it waits for the end of a line. A
+// second one does not.
+void StopAtEndOfLine(int nSignal)
+{
+    s_nSignal = nSignal;
+}
+
+void CatchSignals()
+{
+    struct sigaction action = {};
+    action.sa_handler = StopAtEndOfLine;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+        (void)sigaction(nSignal, &action, nullptr);  // these can be caught
+    }
+}
+
+void RunStream(PhoneData& phone, std::istream& stream, const std::string& strName)
 {
     std::string strLine;
-    while (phone.m_bOn && desk_phone::ReadFromStream(stream, strLine)) {
+    CatchSignals();
+    while (phone.m_bOn && s_nSignal == 0 && std::cout.flush() &&
+           desk_phone::ReadFromStream(stream, strLine)) {
         Echo(strLine);
         desk_phone::RunLine(phone, strLine);
+    }
+    if (s_nSignal != 0) {
+        (void)std::cout.flush();
+        (void)std::raise(s_nSignal);
+    }
+    if (stream.bad() || std::ferror(stdin) != 0) {  // std::cin hides its errors
+        throw std::runtime_error(strName + ": cannot be read");
+    }
+}
+
+// A path counts from the folder in which the program was started.
+std::ifstream OpenScript(const std::string& strPath)
+{
+    std::ifstream script(strPath, std::ios::binary);
+    (void)script.peek();  // a folder can be opened, but not read
+    if (!script.is_open() || script.bad()) {
+        throw std::runtime_error(strPath + ": cannot be read");
+    }
+    return script;
+}
+
+void RunInput(PhoneData& phone, std::ifstream& script, const std::string& strScript)
+{
+    if (!strScript.empty()) {
+        RunStream(phone, script, strScript);
+    } else if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) {
+        RunAtPrompt(phone);
+        phone.m_bFailed = false;  // a person has seen what was wrong
+    } else {
+        RunStream(phone, std::cin, "standard input");
+    }
+    if (!std::cout.flush()) {
+        throw std::runtime_error("the output cannot be written");
     }
 }
 
@@ -105,7 +166,7 @@ int Run(const OptionsData& options)
     const std::string& strScript = options.m_strScript;
     std::ifstream script;
     if (!strScript.empty()) {
-        script.open(strScript, std::ios::binary);  // its path counts from the folder left behind
+        script = OpenScript(strScript);
     }
     EnterFolder(options.m_strFolder);
     CSafeCopy safe(options.m_strSafeCopy.c_str());
@@ -117,46 +178,52 @@ int Run(const OptionsData& options)
     double dMilliseconds = 0;
     CContactLocalManager* pDirectory = Start(dMilliseconds);
     if (pDirectory == nullptr) {
-        std::cerr << "There is no memory for the directory.\n";
-        return EXIT_FAILURE;
+        throw std::runtime_error("there is no memory for the directory");
     }
     if (bGuarded && safe.Keep() < 0) {
         desk_phone::PrintText("No safe copy can be made: the telephone takes no changes.");
     }
     PhoneData phone{*pDirectory, bGuarded ? &safe : nullptr, dMilliseconds};
-    if (!strScript.empty()) {
-        RunStream(phone, script);
-    } else if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) {
-        RunAtPrompt(phone);
-    } else {
-        RunStream(phone, std::cin);
-    }
+    RunInput(phone, script, strScript);
     CContactLocalManager::ReleaseInstance();
-    return EXIT_SUCCESS;
+    return phone.m_bFailed ? EXIT_WRONG_LINE : EXIT_SUCCESS;
+}
+
+int ParseAndRun(int nArguments, char** pArguments)
+{
+    CLI::App app("A terminal program that stands in for a telephone with a local phone book.");
+    OptionsData options;
+    app.add_option("-f,--folder", options.m_strFolder, "Working folder; made if it is not there")
+        ->capture_default_str();
+    app.add_option("--safe-copy", options.m_strSafeCopy,
+                   "Guard every edit by copies in this folder below the working folder");
+    app.add_option("SCRIPT", options.m_strScript,
+                   "File of commands; without it they come from the input");
+    app.set_version_flag("--version", "desk_phone " NSDIRECTORY_VERSION);
+    app.footer(
+        "Exit status: 1 a line of a script was wrong, 2 the program cannot start, a script cannot "
+        "be read, or the output cannot be written.");
+    try {
+        app.parse(nArguments, pArguments);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EXIT_SUCCESS : EXIT_UNUSABLE;
+    }
+    return Run(options);
 }
 
 }  // namespace
 
-int main(int argc, char** argv)
+int main(int nArguments, char** pArguments)
 {
     // Set ahead of the directory, whose lists it orders, and always the same, so that they come up
     // in the same order on each start. Its texts are UTF-8, and so is the screen.
     (void)std::setlocale(LC_ALL, "C.UTF-8");  // without it other than ASCII shows as "?"
+    // A reader that has left is an output that cannot be written, and no reason to die in a save.
+    (void)std::signal(SIGPIPE, SIG_IGN);
     try {
-        CLI::App app("A terminal program that stands in for a telephone with a local phone book.");
-        OptionsData options;
-        app.add_option("-f,--folder", options.m_strFolder,
-                       "Working folder; made if it is not there")
-            ->capture_default_str();
-        app.add_option("--safe-copy", options.m_strSafeCopy,
-                       "Guard every edit by copies in this folder below the working folder");
-        app.add_option("SCRIPT", options.m_strScript,
-                       "File of commands; without it they come from the input")
-            ->check(CLI::ExistingFile);
-        CLI11_PARSE(app, argc, argv);
-        return Run(options);
+        return ParseAndRun(nArguments, pArguments);
     } catch (const std::exception& failure) {
-        (void)std::fprintf(stderr, "%s\n", failure.what());  // there is nowhere else to tell it
-        return EXIT_FAILURE;
+        (void)std::fprintf(stderr, "desk_phone: %s\n", failure.what());
+        return EXIT_UNUSABLE;
     }
 }

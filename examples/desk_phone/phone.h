@@ -23,6 +23,7 @@ struct PhoneData
     NS_DIRECTORY::CSafeCopy* m_pSafe;  // guards the edits; null if they go bare
     double m_dLoadMilliseconds;
     bool m_bOn = true;
+    bool m_bFailed = false;  // a line was wrong; what the directory refuses is no failure
 };
 
 // Every edit goes through here. edit takes the directory and returns the result of its call.

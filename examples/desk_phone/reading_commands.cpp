@@ -157,7 +157,8 @@ void ListContacts(PhoneData& phone, const Words& words)
     page.m_nIndexFrom = words.size() > 2 ? ToNumber(words[2], 1, "FROM") - 1 : 0;
     page.m_nCountToGet = words.size() > 3 ? ToNumber(words[3], 1, "COUNT") : PAGE;
     if (phone.m_directory.GetContactList(&page, ToText(words[1])) != NS_DIRECTORY::DIR_RET_OK) {
-        throw CWrongInput("There is no group " + words[1] + ".");
+        PrintText("There is no group " + words[1] + ".");
+        return;
     }
     const int nShown = static_cast<int>(page.m_listData.size());
     if (nShown == 0) {
@@ -175,7 +176,8 @@ void Show(PhoneData& phone, const Words& words)
     ContactGeneralItemData contact;
     if (phone.m_directory.GetContactDataByName(&contact, ToText(words[1])) !=
         NS_DIRECTORY::DIR_RET_OK) {
-        throw CWrongInput("There is no contact " + words[1] + ".");
+        PrintText("There is no contact " + words[1] + ".");
+        return;
     }
     PrintContact(contact);
 }
