@@ -9,6 +9,11 @@ namespace desk_phone {
 namespace {
 
 constexpr char ELLIPSIS[] = "…";
+constexpr char MARK[] = "\uFFFD";
+
+constexpr wchar_t JOINER = 0x200D;
+constexpr wchar_t EMOJI_SELECTOR = 0xFE0F;
+constexpr std::size_t EMOJI_WIDTH = 2;
 
 // What one character takes on the screen; marks above and below a letter take nothing.
 struct GlyphData
@@ -16,9 +21,21 @@ struct GlyphData
     std::string m_strBytes;
     std::size_t m_nWidth;
     bool m_bPlain;
+    wchar_t m_nCharacter;
 };
 
 using Glyphs = std::vector<GlyphData>;
+
+bool TurnsDirection(wchar_t n)
+{
+    return n == 0x061C || n == 0x200E || n == 0x200F || (n >= 0x202A && n <= 0x202E) ||
+           (n >= 0x2066 && n <= 0x2069);
+}
+
+bool IsSkinTone(wchar_t n)
+{
+    return n >= 0x1F3FB && n <= 0x1F3FF;
+}
 
 // The first character of a text that is not empty, and in nUsed its bytes.
 GlyphData FirstGlyph(const char* pText, std::size_t nLeft, std::size_t& nUsed)
@@ -30,17 +47,41 @@ GlyphData FirstGlyph(const char* pText, std::size_t nLeft, std::size_t& nUsed)
     const int nWidth = bDecoded ? wcwidth(nCharacter) : -1;
     if (nWidth < 0) {
         nUsed = bDecoded ? nUsed : 1;
-        return {"?", 1, false};
+        return {MARK, 1, false, 0};
     }
-    return {std::string(pText, nUsed), static_cast<std::size_t>(nWidth), true};
+    if (TurnsDirection(nCharacter)) {
+        return {MARK, 1, true, nCharacter};
+    }
+    return {std::string(pText, nUsed), static_cast<std::size_t>(nWidth), true, nCharacter};
 }
 
-Glyphs ToGlyphs(const std::string& strText)
+Glyphs Decode(const std::string& strText)
 {
     Glyphs glyphs;
     std::size_t nUsed = 0;
     for (std::size_t n = 0; n < strText.size(); n += nUsed) {
         glyphs.push_back(FirstGlyph(strText.c_str() + n, strText.size() - n, nUsed));
+    }
+    return glyphs;
+}
+
+// Without what makes one emoji of several characters. Some terminals follow it and others do not,
+// so that a text with it is wider in one than in the other.
+Glyphs ToGlyphs(const std::string& strText)
+{
+    Glyphs glyphs;
+    const Glyphs all = Decode(strText);
+    bool bInEmoji = false;
+    for (std::size_t n = 0; n < all.size(); ++n) {
+        const wchar_t nCharacter = all[n].m_nCharacter;
+        const bool bBeforeEmoji = n + 1 < all.size() && all[n + 1].m_nWidth == EMOJI_WIDTH;
+        const bool bLeftOut = nCharacter == EMOJI_SELECTOR ||
+                              (nCharacter == JOINER && (bInEmoji || bBeforeEmoji)) ||
+                              (IsSkinTone(nCharacter) && bInEmoji);
+        if (!bLeftOut) {
+            glyphs.push_back(all[n]);
+        }
+        bInEmoji = bLeftOut || all[n].m_nWidth == EMOJI_WIDTH;
     }
     return glyphs;
 }

@@ -1,6 +1,7 @@
-// UTF-8 texts measured in columns of a terminal. A byte that is no UTF-8 and a control character
-// show as one question mark, so that no text from a file can upset the terminal. The locale decides
-// what is UTF-8: it must be set before.
+// UTF-8 texts measured in columns of a terminal. A byte that is no UTF-8, a control character and
+// one that turns the direction of writing each show as U+FFFD, so that no text from a file can
+// upset the terminal. Emoji that are joined to one show side by side, without skin tones. The
+// locale decides what is UTF-8: it must be set before.
 
 #ifndef DESK_PHONE_TEXT_WIDTH_H
 #define DESK_PHONE_TEXT_WIDTH_H
