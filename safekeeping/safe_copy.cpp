@@ -194,28 +194,37 @@ int BringTogether(CContactLocalManager& directory, CFilePair& pair,
 
 // -- Undoing --
 
-// As before the edit: nothing that the files hold may fall to a limit.
-bool Reload(CContactLocalManager& directory, const SafeCopyStateData& state)
+bool IsAsBefore(const ComparisonData& now, const ComparisonData& before)
+{
+    return !now.m_bMemoryAhead && (!now.m_bFileAhead || before.m_bFileAhead);
+}
+
+// The files are as before; memory follows. Nothing that they hold may fall to a limit. A list that
+// could not be read may be empty or may have stayed as it was, so it is compared.
+bool Reload(CContactLocalManager& directory, const CFilePair& pair, const SafeCopyStateData& state)
 {
     const DirectoryNumbersData& before = state.m_counts;
     SetLimits(directory, {std::max(state.m_limits.m_nGroups, before.m_nGroups),
                           std::max(state.m_limits.m_nContacts, before.m_nContacts),
                           std::max(state.m_limits.m_nBlack, before.m_nBlack)});
-    (void)directory.ReloadGroupXml();  // the counts show what became of it
+    (void)directory.ReloadGroupXml();
     (void)directory.ReloadContactXml();
     SetLimits(directory, state.m_limits);
-    const DirectoryNumbersData now = CountsOf(directory);
-    return now.m_nGroups >= before.m_nGroups && now.m_nContacts >= before.m_nContacts &&
-           now.m_nBlack >= before.m_nBlack;
+    ComparisonData arrNow[SAFE_FILE_COUNT];
+    return CompareBoth(directory, pair, arrNow) &&
+           IsAsBefore(arrNow[SAFE_GROUPS], state.m_arrBefore[SAFE_GROUPS]) &&
+           IsAsBefore(arrNow[SAFE_CONTACTS], state.m_arrBefore[SAFE_CONTACTS]);
 }
 
-// The mark is set. It stays until both files and memory are as before.
+// The mark is set, and stays until both files and memory are as before.
 int Undo(CContactLocalManager& directory, SafeCopyStateData& state)
 {
     CFilePair pair(state.m_strCopyFolder.c_str());
     const CopyState copy = pair.FindCopy();
-    const bool bUndone = copy == CopyState::WHOLE && pair.PutBack(SAFE_GROUPS, true) &&
-                         Reload(directory, state) && pair.ClearMark();
+    // A mark that was left behind may not be durable yet.
+    const bool bMarked = !state.m_bUndoPending || pair.SetMark();
+    const bool bUndone = copy == CopyState::WHOLE && bMarked && pair.PutBack(SAFE_GROUPS, true) &&
+                         Reload(directory, pair, state) && pair.ClearMark();
     // Somebody has taken the copies away: there is nothing to try again.
     state.m_bUndoPending = !bUndone && copy != CopyState::LOST;
     if (!bUndone) {
@@ -383,12 +392,12 @@ int CSafeCopy::MyBeginEdit()
         return m_pState->m_bUndoPending ? SAFE_RET_NOT_UNDONE : SAFE_RET_NO_COPY;
     }
     m_pState->m_bUnderWay = true;
-    (void)IsColorfulScreen();  // a first answer may take calls that fail
-    errno = 0;
     // A missing file would have the system say so on every reload, over what it has said before.
     if (!pair.Copied(SAFE_CONTACTS).m_bPresent) {
-        (void)pDirectory->SetDefaultPhoto(PHOTO_OF_NOBODY);  // judged with the edit
+        (void)pDirectory->SetDefaultPhoto(PHOTO_OF_NOBODY);  // a file that is not whole is found
     }
+    (void)IsColorfulScreen();  // a first answer may take calls that fail
+    errno = 0;
     return PREPARED;
 }
 
@@ -410,9 +419,13 @@ int CSafeCopy::MyEndEdit(int nResult)
         Follow(pair, files);
         return nResult;
     }
-    // The mark may come back after a power cut, and so the edit must go.
-    m_pState->m_bUndoPending = true;
-    return pair.SetMark() ? Undo(directory, *m_pState) : SAFE_RET_NOT_UNDONE;
+    // The mark stands, or it may come back after a power cut. So the edit must go.
+    if (pair.SetMark()) {
+        return Undo(directory, *m_pState);
+    }
+    // Where it cannot be set, the state is the one that is to be seen.
+    m_pState->m_bUndoPending = pair.FindMark() != MarkState::CLEAR;
+    return m_pState->m_bUndoPending ? SAFE_RET_NOT_UNDONE : nResult;
 }
 
 }  // namespace NS_DIRECTORY

@@ -208,11 +208,11 @@ bool CFilePair::MyWriteBack(int nFile) const
 
 MarkState CFilePair::FindMark() const
 {
-    FileData mark;
-    if (!m_copies.Read(MARK, mark)) {
+    bool bFound = false;
+    if (!m_copies.Find(MARK, bFound)) {
         return MarkState::UNREADABLE;
     }
-    return mark.m_bPresent ? MarkState::SET : MarkState::CLEAR;
+    return bFound ? MarkState::SET : MarkState::CLEAR;
 }
 
 bool CFilePair::SetMark() const

@@ -59,6 +59,7 @@ class CFilePair
     bool PutBack(int nFirst, bool bMarked);
 
     MarkState FindMark() const;
+    // Both: done, and durable. If not, FindMark() tells what is to be seen at least.
     bool SetMark() const;
     bool ClearMark() const;
 

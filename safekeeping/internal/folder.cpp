@@ -176,6 +176,13 @@ bool CFolder::Read(const char* pName, FileData& data) const
            });
 }
 
+bool CFolder::Find(const char* pName, bool& bFound) const
+{
+    struct stat info = {};
+    bFound = !m_bAbsent && fstatat(m_nFolder, pName, &info, AT_SYMLINK_NOFOLLOW) == 0;
+    return bFound || m_bAbsent || errno == ENOENT;
+}
+
 bool CFolder::ReadText(const char* pName, char** ppText, std::size_t& nSize) const
 {
     *ppText = nullptr;

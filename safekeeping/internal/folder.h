@@ -41,6 +41,10 @@ class CFolder
     // that cannot be found out.
     bool Read(const char* pName, FileData& data) const;
 
+    // Whether there is anything of that name. It opens nothing, so it knows when nothing can be
+    // opened.
+    bool Find(const char* pName, bool& bFound) const;
+
     // The whole file in *ppText, with room for it and one byte more from malloc, which is the
     // caller's to free; null if the file is absent. False as above, and if there is no memory.
     bool ReadText(const char* pName, char** ppText, std::size_t& nSize) const;
