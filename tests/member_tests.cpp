@@ -102,6 +102,22 @@ TEST_F(MemberTest, AShortNumberInTheLongForm)
     }
 }
 
+// Numbers that pass every quick test of a lookup but the last one.
+TEST_F(MemberTest, NumbersThatAreNearlyEqual)
+{
+    Start({}, {{"Anna", "All Contacts", "111111112345678", "222222222222222"}});
+    EXPECT_EQ(Directory().UpdateContactData(
+                  "Anna", ContactRow("Anna", "All Contacts", "111111112345678", "1111")),
+              1);
+    // Its characters read as the size of a long number.
+    EXPECT_EQ(Directory().AddContact("All Contacts", ContactRow("Bob", "", "abc\x0f", "12345678")),
+              1);
+    for (const char* pNumber : {"1112", "abc", "12345679", "211111112345678", "111111112345679"}) {
+        EXPECT_STREQ(Directory().GetContactNameByPhoneNumber(pNumber).c_str(), "") << pNumber;
+    }
+    EXPECT_STREQ(Directory().GetContactNameByPhoneNumber("111111112345678").c_str(), "Anna");
+}
+
 TEST_F(MemberTest, TextsThatHoldANul)
 {
     const auto text = [](const char* pBegin, const char* pBehindNul) {

@@ -24,7 +24,8 @@ struct CallRow
 constexpr char LONG[] = "a text that does not fit into a String itself";
 
 // Made before memory runs short, since these take some too.
-const GroupRow ALPHA("Alpha", LONG), RENAMED(LONG, LONG), RUNG("Family", LONG);
+const ContactGroupData ALPHA = GroupRow("Alpha", LONG), RENAMED = GroupRow(LONG, LONG),
+                       RUNG = GroupRow("Family", LONG);
 const ContactRow NEW("New", "", LONG), ZOE("Zoe", "Family");
 
 const std::vector<CallRow> CALLS{
@@ -161,6 +162,43 @@ TEST_F(MemoryTest, EachAllocationFailsInTurn)
             }
         }
     }
+}
+
+// There is no memory to read a file at the start, nor for any mutator to read it again.
+TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
+{
+    if (!IsHeapCounted()) {
+        GTEST_SKIP() << "another allocator is in place";
+    }
+    ContactRows rows{{"Ann", "Family"}, {"Bob", "Blacklist"}};
+    for (int n = 100; n < 300; ++n) {  // more than a page of the XML library
+        rows.emplace_back("c" + std::to_string(n), "Family");
+    }
+    g_device.m_bTakesNotes = false;
+    for (const int nFailing : {1, 3, 4}) {  // the groups, the contacts, all but part of them
+        Start({{"Club"}, {"Company"}, {"Family"}}, rows);
+        FileCalls calls;
+        calls.Fail(FileCalls::XML_MEMORY, nFailing);
+        Restart();
+        EXPECT_LT(Directory().GetCurrentContactCount() * Directory().GetCurrentGroupCount(), 1000);
+        for (std::size_t n = 3; n < CALLS.size(); ++n) {  // the mutators
+            SCOPED_TRACE(Joined(CALLS[n].m_pName, ", allocation ", nFailing));
+            g_heap.m_nLeft = 0;
+            const int nResult = CALLS[n].m_pCall(Directory());
+            g_heap.m_nLeft = LONG_MAX;
+            EXPECT_EQ(nResult, DIR_RET_NO_MEMORY);
+        }
+        EXPECT_EQ(calls.Written(), Texts{});
+        EXPECT_EQ(Directory().UpdateGroupData("Club", GroupRow("Club")), 2) << "all is read again";
+        EXPECT_EQ(Directory().GetCurrentContactCount(), 201);
+    }
+    const ContactGroupData ring = GroupRow("Family", "a.wav");
+    g_heap.m_nLeft = 0;
+    const int nRing = Directory().UpdateGroupData("Family", ring);
+    const int nRemoved = Directory().RemoveGroup("Club");
+    g_heap.m_nLeft = LONG_MAX;
+    EXPECT_EQ(nRing, 4) << "that nothing was saved is not reported";
+    EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
 }
 
 // A process with little address space starts, adds, adds a group and adds: no contact is lost.
