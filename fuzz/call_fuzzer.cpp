@@ -4,18 +4,18 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "fuzz/own_folder.h"
-#include "tests/support/directory_calls.h"
+#include "tests/support/scenario.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     FuzzedDataProvider input(pData, nSize);
     Calls calls;
     while (input.remaining_bytes() != 0 && calls.size() < 100) {
-        calls.push_back(MakeCall([&](std::size_t nEnd) {
+        calls.push_back(RandomCall([&](std::size_t nEnd) {
             return input.ConsumeIntegralInRange<std::size_t>(0, nEnd - 1);
         }));
     }
-    const std::string strWrong = Replay(calls);
-    EXPECT_TRUE(strWrong.empty()) << strWrong;
+    const std::string strFailure = FailureOf(calls);
+    EXPECT_TRUE(strFailure.empty()) << strFailure;
     return 0;
 }

@@ -69,7 +69,9 @@ TEST_F(HeapTest, OnlyLongTextsTakeABlock)
     }
     EXPECT_EQ(BlocksOfFive({"Anna", "Blacklist", pShort}), 5 * 2);
     EXPECT_EQ(BlocksOfFive({strLong}), 5 * 3);
-    EXPECT_EQ(BlocksOfFive({strLong, "", strLong, strLong, strLong, strLong, 0, strLong}), 5 * 8);
+    ContactRow row(strLong, "", strLong, strLong, strLong, strLong);
+    row.m_strDefaultPhoto = strLong.c_str();
+    EXPECT_EQ(BlocksOfFive(row), 5 * 8);
 }
 
 }  // namespace

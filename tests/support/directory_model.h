@@ -1,466 +1,394 @@
-// A plain model of the directory for the random test: standard containers, the files as texts, and
-// for each change what it must answer, keep and write. It is made to be seen to be right, not to be
-// fast. Questions are asked of its records directly. That the directory takes no changes is for the
-// caller to refuse, but where the operation tests something else first.
+// A plain model of the directory: what each public operation answers, changes and writes, on the
+// files and lists of model_lists.h. Pages, records and rings are left to the scenarios, and so is a
+// directory that takes no changes.
 
 #ifndef NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
 #define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
 
-#include <strings.h>
+#include "tests/support/model_lists.h"
 
-#include <algorithm>
-#include <climits>
-#include <cstdlib>
-#include <map>
-#include <pugixml.hpp>
-#include <utility>
-
-#include "tests/support/directory_test.h"
-
-struct CDirectoryModel
+struct CDirectoryModel : CModelLists
 {
-    using Group = Manager::GroupData;
-    using Contact = ContactGeneralItemData;
-    struct Item : Contact  // with the kept group name, if any, for that of its group
+    using List = QZList<String>;
+
+    // A new instance over the same files.
+    void Restart()
     {
-        int m_nGroupId = -1;
-    };
-
-    // clang-format off
-    inline static const std::vector<Group> DEFAULTS = {
-        {0, "All Contacts", "", true}, {1, "Blacklist", "", true},
-        {2, "Company", "", false}, {3, "Family", "", false}, {4, "Friend", "", false}};
-    // clang-format on
-
-    // The disk, and the paths and bytes that were written to it.
-    std::map<std::string, std::string> m_files = {};
-    Texts m_writes = {};
-    std::size_t m_nBytes = 0;
-
-    std::vector<Group> m_groups = {};
-    std::vector<Item> m_items = {};
-    int m_nMaxGroup = 50, m_nMaxContact = 1000, m_nMaxBlack = 30;
-    bool m_bReloadByHttp = false;
-    int m_nLastId = -1;         // given by the generator; tells which new groups are read-only
-    bool m_bKeepNames = false;  // has stood with an empty group list
-
-    // A new instance over the files.
-    int Start()
-    {
-        *this = CDirectoryModel{m_files, m_writes, m_nBytes};
-        return LoadGroups(m_nMaxGroup), LoadContacts(m_nMaxContact, m_nMaxBlack), 1;
+        const CModelLists old = std::exchange(*this, CDirectoryModel());
+        m_files = old.m_files;
+        m_written = old.m_written;
+        m_nBytes = old.m_nBytes;
+        LoadGroups(m_nMaxGroup);
+        ReloadContactXml();
     }
 
-    // Both over the files of the model.
-    void StartBoth()
-    {
-        for (const auto& [strPath, strText] : m_files) {
-            WriteFile(strPath, strText);
-        }
-        Start();
-        DirectoryTest::Restart();
-    }
+    // -- Limits and counts ------------------------------------------------------------------------
 
-    std::string Memory() const
-    {
-        std::string strText = Joined(m_nMaxGroup, '|', m_nMaxContact, '|', m_nMaxBlack, '|',
-                                     Count(1), '|', m_bReloadByHttp, '|', m_bKeepNames, '\n');
-        std::for_each(m_groups.begin(), m_groups.end(), [&](auto& g) { strText += Text(g); });
-        std::for_each(m_items.begin(), m_items.end(),
-                      [&](auto& c) { strText += Joined(c.m_nGroupId, "||", Text(c)); });
-        return strText;
-    }
+    int GetMaxGroupCount() { return m_nMaxGroup; }
+    int GetMaxContactCount() { return m_nMaxContact; }
+    int GetMaxBlackCount() { return m_nMaxBlack; }
+    int SetMaxGroupCount(int nMax) { return std::exchange(m_nMaxGroup, nMax); }
+    int SetMaxContactCount(int nMax) { return std::exchange(m_nMaxContact, nMax); }
+    int SetMaxBlackCount(int nMax) { return std::exchange(m_nMaxBlack, nMax); }
+    int GetCurrentGroupCount() { return GroupCount(); }
+    int GetCurrentContactCount() { return OrdinaryCount(); }
+    int GetCurrentBlackCount() { return BlackCount(); }
+    int ReloadGroupAndItemByHttp() { return 0; }
+    bool IsReloadGroupAndItemByHttp() { return false; }
+    int SaveGroupToXml() { return DIR_RET_OK; }
+    int SaveContactToXml() { return DIR_RET_OK; }
 
-    // -- Helpers ----------------------------------------------------------------------------------
+    // -- Group queries ----------------------------------------------------------------------------
 
-    // A change that is refused ends in throwing the code, before it changes anything.
-    static void Refuse(bool bHolds, int nCode) { bHolds ? throw nCode : void(); }
-    // The record; where there is none, an empty one, whose id is -1.
-    template <class TRecord, class TTest>
-    static const TRecord& FindIf(const std::vector<TRecord>& records, TTest test)
-    {
-        static const TRecord NONE = {};
-        const auto pos = std::find_if(records.begin(), records.end(), test);
-        return pos == records.end() ? NONE : *pos;
-    }
-    template <class TRecord>
-    static int Compare(const TRecord& record, const String& s)
-    {
-        return strcasecmp(record.m_strDisplayName.c_str(), s.c_str());
-    }
-    // Tests for FindIf, Move and Remove.
-    static auto Named(const String& s)
-    {
-        return [s](auto& record) { return record.m_strDisplayName == s; };
-    }
-    static auto NamedIn(const Texts& names)
-    {
-        return [&](auto& c) {
-            return std::count(names.begin(), names.end(), c.m_strDisplayName.c_str()) != 0;
-        };
-    }
-    static auto In(int nId)  // 0 is for all
-    {
-        return [nId](auto& c) { return nId == 0 || c.m_nGroupId == nId; };
-    }
+    bool IsBlacklistIndex(int nIndex) { return nIndex == GroupCount() - 1; }
+    bool IsGroupExist(const String& strName) { return FindGroup(strName).m_nId >= 0; }
+    int GetGroupIdByGroupName(const String& strName) { return FindGroup(strName).m_nId; }
+    int GetGIdByGName(const String& strName) { return FindGroup(strName).m_nId; }
+    void GetBlacklistGroupName(String& strName) { strName = FindGroup(1).m_strDisplayName; }
 
-    // -- Groups -----------------------------------------------------------------------------------
+    // -- Group file and editing -------------------------------------------------------------------
 
-    int GroupCount() const { return static_cast<int>(m_groups.size()); }
-    const Group& GroupNamed(const String& s) const { return FindIf(m_groups, Named(s)); }
-    int GroupId(const String& s) const { return GroupNamed(s).m_nId; }
-    int GroupAt(const String& s) const  // one that is there
+    int CreateContactGroupList(const String& strPath)
     {
-        return static_cast<int>(&GroupNamed(s) - m_groups.data());
+        WriteDefaults(strPath.c_str());
+        return DIR_RET_OK;
     }
-    const Group& GroupOf(int nId) const
+    // What is held needs no new slot, nor does a fixed group that is missing.
+    int ReloadGroupXml()
     {
-        return FindIf(m_groups, [&](auto& g) { return nId >= 0 && g.m_nId == nId; });
-    }
-    String GroupName(int nId) const { return GroupOf(nId).m_strDisplayName; }
-    void TestName(const String& s, int nExceptId) const
-    {
-        const Group& alike = FindIf(m_groups, [&](auto& g) {
-            return g.m_nId > 1 && g.m_nId != nExceptId && Compare(g, s) == 0;
-        });
-        Refuse(s.empty(), DIR_RET_INVALID);
-        Refuse(alike.m_nId > 1, DIR_RET_GROUP_EXIST);
-    }
-
-    // User groups ascend behind the fixed ones; id 0 belongs to the front and id 1 to the end.
-    int PlaceGroup(const Group& group)
-    {
-        const auto pos = std::find_if(m_groups.begin(), m_groups.end(), [&](auto& g) {
-            const bool bUsers = group.m_nId > 1 && g.m_nId > 1;
-            return group.m_nId == 0 || (bUsers && Compare(g, group.m_strDisplayName) > 0);
-        });
-        const auto placed = m_groups.insert(pos, group);
-        return static_cast<int>(placed - m_groups.begin());
-    }
-
-    int LoadGroups(int nLimit)
-    {
-        m_files.count(GROUP_FILE) == 0 ? WriteDefaults(GROUP_FILE) : 0;
-        const pugi::xml_document document = Parsed(GROUP_FILE);
-        const pugi::xml_node root = document.child("root_group");
-        m_bKeepNames = m_bKeepNames || !root;
-        m_nLastId = root ? 1 : m_nLastId;
-        m_groups.assign(DEFAULTS.begin(), DEFAULTS.begin() + (root ? 2 : 0));
-        int nResult = root ? 1 : 0;
-        int nId = 1;
-        for (const pugi::xml_node& node : root.children("group")) {
-            const String s = node.attribute("display_name").value();
-            const bool bFixed = s == "All Contacts" || s == "Blacklist";
-            const bool bReadOnly = String("1") == node.attribute("read_only").value();
-            const Group group = {nId += !bFixed, s, node.attribute("ring").value(), bReadOnly};
-            if (bFixed) {
-                continue;
-            }
-            try {
-                Refuse(GroupCount() >= nLimit, DIR_RET_GROUP_FULL);
-                TestName(s, -1);
-                PlaceGroup(group);
-            } catch (int) {
-                nResult = 0;
-            }
-        }
-        return nResult;
-    }
-    // What stands needs no new slot; neither do the fixed groups.
-    int ReloadGroups()
-    {
-        const int nMissing = (GroupId("All Contacts") < 0) + (GroupId("Blacklist") < 0);
-        const CDirectoryModel before = *this;
+        const int nMissing =
+            (IsGroupExist("All Contacts") ? 0 : 1) + (IsGroupExist("Blacklist") ? 0 : 1);
+        CModelLists before = *this;
         const int nResult = LoadGroups(std::max(m_nMaxGroup, GroupCount() + nMissing));
-        for (Item& c : m_items) {
-            const bool bKeeps = m_groups.empty() && c.m_strGroupName.empty();
-            c.m_strGroupName = bKeeps ? before.GroupName(c.m_nGroupId) : c.m_strGroupName;
+        for (Item& item : m_items) {
+            if (m_groups.empty() && item.m_strKept.empty()) {
+                item.m_strKept = before.GroupOf(item).m_strDisplayName;
+            }
         }
         return nResult;
     }
-    int SaveAndReload(int n) { return WriteGroups(), ReloadGroups(), ReloadContacts(), n; }
-
+    void WriteGroupsAndReload()
+    {
+        WriteGroups();
+        ReloadGroupXml();
+        ReloadContactXml();
+    }
     int AddGroup(const ContactGroupData& data)
     {
-        Refuse(GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST);
-        Refuse(GroupCount() >= m_nMaxGroup, DIR_RET_GROUP_FULL);
-        const int nId = ++m_nLastId;  // taken also where the name is refused
-        TestName(data.m_strDisplayName, -1);
-        return PlaceAndReload(nId, data);
-    }
-    int PlaceAndReload(int nId, const ContactGroupData& data)
-    {
-        return SaveAndReload(PlaceGroup({nId, data.m_strDisplayName, data.m_strRing, nId <= 1}));
-    }
-    int UpdateGroup(const String& s, const ContactGroupData& data)
-    {
-        const int nId = GroupId(s);
-        const bool bRename = !(data.m_strDisplayName == s);
-        const int nOthers = GroupCount() - (nId > 1);  // a fixed group comes back
-        Refuse(nId < 0, DIR_RET_INVALID);
-        if (bRename) {
-            Refuse(GroupId(data.m_strDisplayName) >= 0, DIR_RET_GROUP_EXIST);
-            Refuse(nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL);
-            TestName(data.m_strDisplayName, nId);
-            Refuse(nId == 1 && Count(1) > 0 && Count(0) > m_nMaxContact, DIR_RET_CONTACT_FULL);
+        if (IsGroupExist(data.m_strDisplayName)) {
+            return DIR_RET_GROUP_EXIST;
         }
-        const auto pos = m_groups.begin() + GroupAt(s);
-        const String strOldRing = std::exchange(pos->m_strRing, data.m_strRing);
-        if (!bRename) {
-            return strOldRing == data.m_strRing || WriteGroups(), GroupAt(s);
+        if (GroupCount() >= m_nMaxGroup) {
+            return DIR_RET_GROUP_FULL;
         }
-        pos->m_strDisplayName = data.m_strDisplayName;
-        WriteContacts();
-        m_groups.erase(pos);
-        return PlaceAndReload(nId, data);
+        const int nId = ++m_nLastId;  // used up even if the name is refused
+        const int nTest = TestGroupName(data.m_strDisplayName, -1);
+        if (nTest < 0) {
+            return nTest;
+        }
+        const int nPlace =
+            InsertGroup({nId, data.m_strDisplayName, data.m_strRing, nId <= GROUP_ID_BLACKLIST});
+        WriteGroupsAndReload();
+        return nPlace;
     }
-    int RemoveGroup(const String& s)
+    int UpdateGroupData(const String& strName, const ContactGroupData& data)
     {
-        const int nId = GroupId(s);
-        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
-        Refuse(nId <= 1, DIR_RET_GROUP_READ_ONLY);
-        Move(0, In(nId));
-        WriteContacts();
-        m_groups.erase(m_groups.begin() + GroupAt(s));
-        return SaveAndReload(1);
+        Group& group = FindGroup(strName);
+        if (group.m_nId < 0) {
+            return DIR_RET_INVALID;
+        }
+        if (!(data.m_strDisplayName == strName)) {
+            return RenameGroup(group, data);
+        }
+        const String strOldRing = std::exchange(group.m_strRing, data.m_strRing);
+        if (!(strOldRing == data.m_strRing)) {
+            WriteGroups();
+        }
+        return GroupPlace(group);
     }
-    int RemoveAllGroups()
+    int TestRename(const Group& group, const ContactGroupData& data)
     {
-        Refuse(GroupCount() <= 2, DIR_RET_GROUP_NOT_FOUND);
+        const int nOthers =
+            IsFixed(group) ? GroupCount() : GroupCount() - 1;  // a fixed one returns
+        if (IsGroupExist(data.m_strDisplayName)) {
+            return DIR_RET_GROUP_EXIST;
+        }
+        if (nOthers >= m_nMaxGroup) {
+            return DIR_RET_GROUP_FULL;
+        }
+        const int nTest = TestGroupName(data.m_strDisplayName, group.m_nId);
+        const bool bFreesBlack = group.m_nId == GROUP_ID_BLACKLIST && BlackCount() > 0;
+        if (nTest == DIR_RET_OK && bFreesBlack && OrdinaryCount() + BlackCount() > m_nMaxContact) {
+            return DIR_RET_CONTACT_FULL;
+        }
+        return nTest;
+    }
+    int RenameGroup(Group& group, const ContactGroupData& data)
+    {
+        const int nTest = TestRename(group, data);
+        if (nTest < 0) {
+            return nTest;
+        }
+        group = {group.m_nId, data.m_strDisplayName, data.m_strRing, IsFixed(group)};
+        WriteContacts();
+        const Group renamed = group;
+        m_groups.erase(m_groups.begin() + GroupPlace(group));
+        const int nPlace = InsertGroup(renamed);
+        WriteGroupsAndReload();
+        return nPlace;
+    }
+    int RemoveGroup(const String& strName)
+    {
+        const Group& group = FindGroup(strName);
+        if (group.m_nId < 0) {
+            return DIR_RET_GROUP_NOT_FOUND;
+        }
+        if (IsFixed(group)) {
+            return DIR_RET_GROUP_READ_ONLY;
+        }
+        MoveAll(group.m_nId);
+        WriteContacts();  // once more, even if nobody was in it
+        m_groups.erase(m_groups.begin() + GroupPlace(group));
+        WriteGroupsAndReload();
+        return DIR_RET_OK;
+    }
+    int RemoveAllGroup()
+    {
+        if (GroupCount() <= 2) {
+            return DIR_RET_GROUP_NOT_FOUND;
+        }
         for (; GroupCount() > 2; m_groups.erase(m_groups.begin() + 2)) {
-            Move(0, In(m_groups[2].m_nId));
+            MoveAll(m_groups[2].m_nId);
         }
-        return WriteGroups();
+        WriteGroups();
+        return DIR_RET_OK;
     }
 
-    // -- Contacts ---------------------------------------------------------------------------------
+    // -- Contact queries --------------------------------------------------------------------------
 
-    const Item& Find(const String& s) const
-    {
-        return FindIf(m_items, [&](auto& c) { return !s.empty() && c.m_strDisplayName == s; });
-    }
-    const Item& FindNumber(const String& s) const
-    {
-        return FindIf(m_items, [&](auto& c) {
-            return !s.empty() && (c.m_strMobileNumber == s || c.m_strOfficeNumber == s ||
-                                  c.m_strOtherNumber == s);
-        });
-    }
-    int GroupIdOf(const String& s) const { return Find(s).m_nGroupId; }
+    bool IsContactExist(const String& strName) { return FindItem(strName).m_nGroupId >= 0; }
+    int GetContactGroupId(const String& strName) { return FindItem(strName).m_nGroupId; }
+    String GetContactNameByPhoneNumber(const char* p) { return FindNumber(p).m_strDisplayName; }
+    bool IsBlackContactNumber(const char* pNumber) { return IsBlack(FindNumber(pNumber)); }
 
-    // How many stand in the group, and how many of those in front of an end; 0 is for all.
-    int Count(int nId) const { return CountTo(m_items.end(), nId); }
-    int CountTo(std::vector<Item>::const_iterator end, int nId) const
-    {
-        return static_cast<int>(std::count_if(m_items.begin(), end, In(nId)));
-    }
+    // -- Contact file and editing -----------------------------------------------------------------
 
-    // A slot and a free name, seen without the contact that is replaced.
-    void Test(int nOrdinary, int nBlack, const Item& item, const Item* pOld = nullptr) const
+    // What is held needs no new slot, nor does who returns to the blacklist. Without groups all
+    // stand on one side, and both limits are one.
+    int ReloadContactXml()
     {
-        const bool bBlack = item.m_nGroupId == 1;
-        const auto nOthers = std::count_if(m_items.begin(), m_items.end(), [&](auto& c) {
-            return &c != pOld && (c.m_nGroupId == 1) == bBlack;
-        });
-        const Item& alike = FindIf(
-            m_items, [&](auto& c) { return &c != pOld && Compare(c, item.m_strDisplayName) == 0; });
-        Refuse(bBlack && nOthers >= nBlack, DIR_RET_BLACK_FULL);
-        Refuse(!bBlack && nOthers >= nOrdinary, DIR_RET_CONTACT_FULL);
-        Refuse(alike.m_nGroupId >= 0, DIR_RET_CONTACT_EXIST);
-    }
-    // Counts those of the group up to and including the one that comes to stand behind.
-    int PlaceContact(const Item& item)
-    {
-        const auto pos = std::find_if(m_items.begin(), m_items.end(), [&](auto& c) {
-            return Compare(c, item.m_strDisplayName) > 0;
-        });
-        const int nResult = CountTo(pos == m_items.end() ? pos : pos + 1, item.m_nGroupId);
-        m_items.insert(pos, item);
+        const int nBlack =
+            static_cast<int>(std::count_if(m_items.begin(), m_items.end(), [](auto& c) {
+                return IsBlack(c) || c.m_strKept == "Blacklist";
+            }));
+        const CModelLists before = *this;
+        m_nMaxContact = std::max(m_nMaxContact, OrdinaryCount());
+        m_nMaxBlack = std::max(m_nMaxBlack, nBlack);
+        if (m_groups.empty()) {
+            const long long nBoth = std::max(m_nMaxContact, 0) + 0LL + std::max(m_nMaxBlack, 0);
+            m_nMaxContact = static_cast<int>(std::min<long long>(nBoth, INT_MAX));
+        }
+        const int nResult = LoadContacts();
+        m_nMaxContact = before.m_nMaxContact;
+        m_nMaxBlack = before.m_nMaxBlack;
         return nResult;
     }
-
-    int LoadContacts(int nOrdinary, int nBlack)
+    int AddContact(const String& strGroup, const Contact& data)
     {
-        const long long nBoth = std::max(nOrdinary, 0) + 0LL + std::max(nBlack, 0);
-        nOrdinary = m_groups.empty() ? static_cast<int>(std::min(nBoth, INT_MAX + 0LL)) : nOrdinary;
-        const pugi::xml_document document = Parsed(CONTACT_FILE);
-        const pugi::xml_node root = document.child("root_contact");
-        int nResult = root ? 1 : 0;
-        for (const pugi::xml_node& node : root.children("contact")) {
-            Item item = {};
-            for (const auto& [pName, pText, pNumber] : Fields()) {
-                const char* p = node.attribute(pName).value();
-                const long n = std::clamp<long>(std::strtol(p, nullptr, 10), INT_MIN, INT_MAX);
-                pText ? void(item.*pText = p) : void(item.*pNumber = static_cast<int>(n));
-            }
-            const int nId = GroupId(item.m_strGroupName);
-            item.m_nGroupId = std::max(nId, 0);
-            item.m_strGroupName = m_bKeepNames && nId < 0 ? item.m_strGroupName : "";
-            try {
-                Test(nOrdinary, nBlack, item);
-                PlaceContact(item);
-            } catch (int) {
-                nResult = 0;
-            }
+        const int nId = FindGroup(strGroup).m_nId;
+        return nId < 0 ? DIR_RET_GROUP_NOT_FOUND : AddContactById(nId, data);
+    }
+    int AddBlackContact(const Contact& data) { return AddContactById(GROUP_ID_BLACKLIST, data); }
+    int AddContactById(int nId, const Contact& data)
+    {
+        if (FindGroup(nId).m_nId < 0) {
+            return DIR_RET_GROUP_ID_FAIL;
         }
-        return nResult;
+        const int nRoom = TestRoom(nId, 1);
+        return nRoom < 0 ? nRoom : Put({Crossed(data, {}), nId, ""}, nullptr);
     }
-    // What stands needs no new slot, on the side where it stands or where its group comes back.
-    int ReloadContacts()
+    // Puts the contact into its place, and takes out the one that it replaces.
+    int Put(const Item& item, const Item* pOld)
     {
-        const auto nBlack = std::count_if(m_items.begin(), m_items.end(), [](auto& c) {
-            return c.m_nGroupId == 1 || c.m_strGroupName == "Blacklist";
-        });
-        const int nOrdinary = std::max(m_nMaxContact, Count(0) - Count(1));
-        m_items.clear();
-        return LoadContacts(nOrdinary, std::max(m_nMaxBlack, static_cast<int>(nBlack)));
-    }
-
-    // A record that crosses the boundary; photos do so on a colour screen only.
-    static Contact Crossed(const Contact& from, const Contact& before, const String& strGroupName)
-    {
-        Contact to = from;
-        to.m_strGroupName = strGroupName;
-        to.m_strDefaultPhoto = (g_device.m_bColorful ? from : before).m_strDefaultPhoto;
-        to.m_nSelectedPhoto = (g_device.m_bColorful ? from : before).m_nSelectedPhoto;
-        return to;
-    }
-    bool HasGroup(const Item& c) const { return GroupOf(c.m_nGroupId).m_nId >= 0; }
-    Contact Shown(const Item& c, const Contact& before) const
-    {
-        return HasGroup(c) ? Crossed(c, before, GroupName(c.m_nGroupId)) : before;
-    }
-    int Add(int nId, const Contact& d)
-    {
-        const Item item = {Crossed(d, {}, ""), nId};
-        Refuse(GroupOf(nId).m_nId < 0, DIR_RET_GROUP_ID_FAIL);
-        Test(m_nMaxContact, m_nMaxBlack, item);
-        return WriteContacts(PlaceContact(item));
-    }
-    int Update(const String& s, const Contact& d)
-    {
-        const int nId = GroupId(d.m_strGroupName);
-        const Item& old = Find(s);
-        const bool bRename = !(d.m_strDisplayName == s);
-        const bool bNeedsRoom = bRename || (old.m_nGroupId == 1) != (nId == 1);
-        Refuse(s.empty(), DIR_RET_EMPTY_KEY);
-        Refuse(old.m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND);
-        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
-        Refuse(bRename && Find(d.m_strDisplayName).m_nGroupId >= 0, DIR_RET_CONTACT_EXIST);
-        if (bNeedsRoom) {
-            Test(m_nMaxContact, m_nMaxBlack, {d, nId}, &old);
+        const int nTest = TestItemName(item.m_strDisplayName, pOld);
+        if (nTest < 0) {
+            return nTest;
         }
-        const auto pos = m_items.begin() + (&old - m_items.data());
-        const String strKept = pos->m_nGroupId == nId ? pos->m_strGroupName : "";
-        const Item item = {Crossed(d, bRename ? Contact() : *pos, strKept), nId};
+        if (pOld != nullptr) {
+            m_items.erase(m_items.begin() + (pOld - m_items.data()));
+        }
+        const int nCount = InsertItem(item);
+        WriteContacts();
+        return nCount;
+    }
+    int UpdateContactData(const String& strName, const Contact& data)
+    {
+        Item& item = FindItem(strName);
+        const int nId = FindGroup(data.m_strGroupName).m_nId;
+        const bool bRename = !(data.m_strDisplayName == strName);
+        if (strName.empty()) {
+            return DIR_RET_EMPTY_KEY;
+        }
+        if (item.m_nGroupId < 0) {
+            return DIR_RET_CONTACT_NOT_FOUND;
+        }
+        if (nId < 0) {
+            return DIR_RET_GROUP_NOT_FOUND;
+        }
+        if (bRename && IsContactExist(data.m_strDisplayName)) {
+            return DIR_RET_CONTACT_EXIST;
+        }
+        const bool bCrosses = IsBlack(item) != (nId == GROUP_ID_BLACKLIST);
+        const int nRoom = TestRoom(nId, bCrosses ? 1 : 0);
+        if (nRoom < 0 && (bRename || bCrosses)) {
+            return nRoom;
+        }
+        const String strKept = item.m_nGroupId == nId ? item.m_strKept : "";
         if (bRename) {
-            m_items.erase(pos);
-            return WriteContacts(PlaceContact(item));
+            return Put({Crossed(data, {}), nId, strKept}, &item);
         }
-        const int nResult = CountTo(pos + 1, nId);
-        const Item before = std::exchange(*pos, item);
-        const bool bSame = before.m_nGroupId == nId && Text(before) == Text(item);
-        return bSame ? nResult : WriteContacts(nResult);
+        return Replace(item, {Crossed(data, item), nId, strKept});
+    }
+    int Replace(Item& old, const Item& item)
+    {
+        const int nCount =
+            CountIn(item.m_nGroupId, static_cast<std::size_t>(&old - m_items.data()) + 1);
+        Item before = std::exchange(old, item);
+        before.m_strGroupName = item.m_strGroupName;
+        const bool bSame = before.m_nGroupId == item.m_nGroupId &&
+                           EntryOf(before).m_values == EntryOf(item).m_values;
+        if (!bSame) {
+            WriteContacts();
+        }
+        return nCount;
     }
 
+    // -- Removing and moving ----------------------------------------------------------------------
+
+    // Removes those for whom the test holds. True if there was one.
     template <class TTest>
     bool Remove(TTest test)
     {
         const auto end = std::remove_if(m_items.begin(), m_items.end(), test);
         const bool bAny = end != m_items.end();
         m_items.erase(end, m_items.end());
-        return bAny && WriteContacts();
+        if (bAny) {
+            WriteContacts();
+        }
+        return bAny;
     }
-    template <class TTest>
-    bool Move(int nId, TTest test)
+    int RemoveContact(const String& strName)
     {
-        bool bAny = false;
-        for (Item& c : m_items) {
-            if (c.m_nGroupId != nId && test(c)) {
-                c.m_nGroupId = nId;
-                c.m_strGroupName.clear();
-                bAny = true;
+        const bool bAny = Remove([&](auto& item) { return item.m_strDisplayName == strName; });
+        return bAny ? DIR_RET_OK : DIR_RET_CONTACT_NOT_FOUND;
+    }
+    int RemoveContactList(const List& names)
+    {
+        Remove([&](auto& item) { return IsNamed(names, item); });
+        return DIR_RET_OK;
+    }
+    int RemoveAllContacts(int nId)
+    {
+        Remove([&](auto& item) { return nId == GROUP_ID_ALL || item.m_nGroupId == nId; });
+        return DIR_RET_OK;
+    }
+    static bool IsNamed(const List& names, const Item& item)
+    {
+        const Texts texts = TextsOf(names, [](auto& str) { return str.c_str(); });
+        return std::count(texts.begin(), texts.end(), item.m_strDisplayName.c_str()) != 0;
+    }
+    // Moves those for whom the test holds.
+    template <class TTest>
+    void Move(int nId, TTest test)
+    {
+        bool bMoved = false;
+        for (Item& item : m_items) {
+            if (item.m_nGroupId != nId && test(item)) {
+                item.m_nGroupId = nId;
+                item.m_strKept.clear();
+                bMoved = true;
             }
         }
-        return bAny && WriteContacts();
+        if (bMoved) {
+            WriteContacts();
+        }
     }
-    int TestMove(const Texts& names, const String& strGroup) const
+    void MoveAll(int nFromId)
     {
-        const int nId = GroupId(strGroup);
-        const auto nNeeded = std::count_if(m_items.begin(), m_items.end(), [&](auto& c) {
-            return NamedIn(names)(c) && (c.m_nGroupId == 1) != (nId == 1);
+        Move(GROUP_ID_ALL, [&](auto& item) { return item.m_nGroupId == nFromId; });
+    }
+    int IsListCanMove(List& names, const String& strGroup)
+    {
+        const int nId = FindGroup(strGroup).m_nId;
+        if (nId < 0) {
+            return DIR_RET_GROUP_NOT_FOUND;
+        }
+        const auto nCrossing = std::count_if(m_items.begin(), m_items.end(), [&](auto& item) {
+            return IsNamed(names, item) && IsBlack(item) != (nId == GROUP_ID_BLACKLIST);
         });
-        const long long nFree =
-            nId == 1 ? m_nMaxBlack - 0LL - Count(1) : m_nMaxContact - 0LL - Count(0) + Count(1);
-        Refuse(nId < 0, DIR_RET_GROUP_NOT_FOUND);
-        Refuse(nFree < nNeeded, nId == 1 ? DIR_RET_BLACK_FULL : DIR_RET_CONTACT_FULL);
-        return 0;
+        const int nRoom = TestRoom(nId, nCrossing);
+        return nRoom < 0 ? nRoom : DIR_RET_OK_ZERO;
     }
-    int MoveNamed(const Texts& names, const String& strGroup)
+    int MoveListToGroup(List& names, const String& strGroup)
     {
-        return TestMove(names, strGroup), Move(GroupId(strGroup), NamedIn(names)), 0;
-    }
-    int SetGroup(const String& s, int nId)
-    {
-        Refuse(m_bReloadByHttp, DIR_RET_RELOADING);
-        Refuse(Find(s).m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND);
-        Refuse(GroupOf(nId).m_nId < 0, DIR_RET_GROUP_NOT_FOUND);
-        return Move(nId, Named(s)), 1;
-    }
-    String Ring(const Item& c) const
-    {
-        const bool bOwn = !c.m_strRing.empty() && m_files.count(c.m_strRing.c_str()) != 0;
-        return bOwn ? c.m_strRing : GroupOf(c.m_nGroupId).m_strRing;
-    }
-    int SetDefaultPhoto(const String& strPhoto)
-    {
-        for (Item& c : m_items) {
-            const bool bUses = c.m_strDefaultPhoto == strPhoto;
-            c.m_strDefaultPhoto = bUses ? "Default:default_contact_image.png" : c.m_strDefaultPhoto;
+        const int nTest = IsListCanMove(names, strGroup);
+        if (nTest == DIR_RET_OK_ZERO) {
+            const int nId = FindGroup(strGroup).m_nId;
+            Move(nId, [&](auto& item) { return IsNamed(names, item); });
         }
-        return WriteContacts(0);
+        return nTest;
+    }
+    int MoveContactToGroup(const String& strName, const String& strGroup)
+    {
+        List names = NameList({strName.c_str()});
+        // The empty name counts in the test, and finds nobody to move.
+        return strName.empty() ? IsListCanMove(names, strGroup) : MoveListToGroup(names, strGroup);
+    }
+    int SetContactGroupId(const String& strName, int nId)
+    {
+        if (!IsContactExist(strName)) {
+            return DIR_RET_CONTACT_NOT_FOUND;
+        }
+        if (FindGroup(nId).m_nId < 0) {
+            return DIR_RET_GROUP_NOT_FOUND;
+        }
+        Move(nId, [&](auto& item) { return item.m_strDisplayName == strName; });
+        return DIR_RET_OK;
+    }
+    int Black2Local(const String& strName)
+    {
+        return IsBlack(FindItem(strName)) ? SetContactGroupId(strName, GROUP_ID_ALL)
+                                          : DIR_RET_NOT_BLACK;
+    }
+    int Local2Black(const String& strName)
+    {
+        if (BlackCount() == m_nMaxBlack) {
+            return DIR_RET_BLACK_FULL;
+        }
+        return IsBlack(FindItem(strName)) ? DIR_RET_ALREADY_BLACK
+                                          : SetContactGroupId(strName, GROUP_ID_BLACKLIST);
     }
 
-    // -- Files ------------------------------------------------------------------------------------
+    // -- Photos and export ------------------------------------------------------------------------
 
-    std::string FileText(const char* pPath) const
+    int SetDefaultPhoto(const char* pPhoto)
     {
-        return m_files.count(pPath) == 0 ? "(no file)" : m_files.at(pPath);
-    }
-    pugi::xml_document Parsed(const char* pPath) const
-    {
-        const std::string strText = FileText(pPath);
-        pugi::xml_document document;
-        document.load_buffer(strText.data(), strText.size());
-        return document;
-    }
-    int Write(const std::string& strPath, const std::string& strRoots)
-    {
-        m_writes.push_back(strPath);
-        if (!strPath.empty()) {
-            m_files[strPath] = DECLARATION + strRoots;
-            m_nBytes += m_files[strPath].size();
+        if (pPhoto == nullptr) {
+            return DIR_RET_NULL_ARGUMENT;
         }
-        return 1;
-    }
-    std::string Contacts(bool bExport) const
-    {
-        std::vector<Item> items = m_items;
-        for (Item& c : items) {
-            const bool bKept = !bExport && !c.m_strGroupName.empty();
-            c.m_strGroupName = bKept ? c.m_strGroupName : GroupName(c.m_nGroupId);
+        for (Item& item : m_items) {
+            if (item.m_strDefaultPhoto == pPhoto) {
+                item.m_strDefaultPhoto = "Default:default_contact_image.png";
+            }
         }
-        return ContactRoot(items, bExport);
+        WriteContacts();
+        return DIR_RET_OK_ZERO;
     }
-    int WriteDefaults(const std::string& strPath)
+    int ExportContactAndGroup(const String& strPath)
     {
-        return Write(strPath, GroupRoot(DEFAULTS, false));
-    }
-    int WriteGroups() { return Write(GROUP_FILE, GroupRoot(m_groups, false)); }
-    int WriteContacts(int nResult = 1) { return Write(CONTACT_FILE, Contacts(false)) * nResult; }
-    int Export(const std::string& strPath)
-    {
-        return Write(strPath, GroupRoot(m_groups, true) + Contacts(true));
+        Write(strPath.empty() ? EXPORT_FILE : strPath.c_str(),
+              GroupRoot(m_groups, true) + ContactText(true));
+        return DIR_RET_OK;
     }
 };
 

@@ -7,7 +7,6 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -105,16 +104,18 @@ size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
     if (Refuses(FileCalls::WRITE)) {
         return 0;
     }
-    if (g_pCalls != nullptr && g_pCalls->m_arrCount[FileCalls::WRITE] == g_pCalls->m_nLastWrite) {
-        (void)Real(fwrite, "fwrite")(data, 1, size * count / 2, file);
+    const size_t nHalf = g_pCalls != nullptr && g_pCalls->m_inWrite ? size * count / 2 : 0;
+    if (nHalf != 0) {
+        (void)Real(fwrite, "fwrite")(data, 1, nHalf, file);
         (void)Real(fflush, "fflush")(file);
-        (void)raise(SIGKILL);
+        g_pCalls->m_inWrite();
     }
-    const size_t nWritten = Real(fwrite, "fwrite")(data, size, count, file);
+    const char* const pRest = static_cast<const char*>(data) + nHalf;
+    const size_t nWritten = nHalf + Real(fwrite, "fwrite")(pRest, 1, size * count - nHalf, file);
     if (g_pCalls != nullptr) {
-        g_pCalls->m_nBytesWritten += nWritten * size;
+        g_pCalls->m_nBytesWritten += nWritten;
     }
-    return nWritten;
+    return nWritten / size;
 }
 
 int fflush(FILE* file)

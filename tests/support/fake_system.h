@@ -5,6 +5,7 @@
 #define NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,8 @@ class FileCalls
 
     // That call fails, the first being 1, and no other of its kind.
     void Fail(Kind kind, int nCall) { m_arrFailing[kind] = nCall; }
-    // The process is killed in the middle of that write call.
-    void DieInWrite(int nCall) { m_nLastWrite = nCall; }
+    // Called in the middle of every write.
+    std::function<void()> m_inWrite;
 
     int Count(Kind kind) const { return m_arrCount[kind]; }
     // The paths opened for writing, in order, failed ones too.
@@ -48,7 +49,6 @@ class FileCalls
   private:
     int m_arrCount[KIND_COUNT] = {};
     int m_arrFailing[KIND_COUNT] = {};
-    int m_nLastWrite = 0;
     std::size_t m_nBytesWritten = 0;
     Texts m_listWritten;
 };

@@ -1,0 +1,48 @@
+// Plays each file of tests/scenarios/, and says what came in another way.
+//
+// With NSDIRECTORY_SCENARIOS=rewrite the files are written anew with what came.
+
+#include "tests/support/scenario.h"
+
+namespace {
+
+class ScenarioTest : public DirectoryTest
+{
+  public:
+    explicit ScenarioTest(std::string strPath) : m_strPath(std::move(strPath)) {}
+
+    void TestBody() override
+    {
+        const char* pOption = std::getenv("NSDIRECTORY_SCENARIOS");
+        const bool bRewrites = pOption != nullptr && pOption == std::string("rewrite");
+        const std::vector<ScenarioStep> steps = ReadScenario(m_strPath);
+        std::string strText;
+        CReplay replay;
+        for (const ScenarioStep& step : steps) {
+            const StepData made = replay.Make(step.m_call);
+            const Texts& expected = bRewrites ? made.m_model : step.m_expected;
+            strText += step.m_strBefore + ScenarioText(step.m_call, made.m_library);
+            const std::string strDifference = DifferenceText(step.m_call, expected, made);
+            ASSERT_TRUE(strDifference.empty()) << m_strPath << ": " << strDifference;
+        }
+        if (bRewrites) {
+            WriteFile(m_strPath, strText);
+        }
+    }
+
+  private:
+    std::string m_strPath;
+};
+
+const auto SCENARIOS = [] {
+    std::vector<testing::TestInfo*> tests;
+    for (const auto& file : std::filesystem::directory_iterator(SCENARIO_FOLDER)) {
+        const std::string strPath = file.path(), strName = file.path().stem();
+        tests.push_back(testing::RegisterTest(
+            "Scenario", strName.c_str(), nullptr, nullptr, __FILE__, __LINE__,
+            [strPath]() -> DirectoryTest* { return new ScenarioTest(strPath); }));
+    }
+    return tests;
+}();
+
+}  // namespace
