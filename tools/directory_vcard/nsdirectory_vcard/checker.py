@@ -52,8 +52,11 @@ class Checker:
             raise Unusable(f"{PROGRAM} gave no verdict: {said}") from None
 
     def judge(self, group_data, contact_data):
-        with tempfile.TemporaryDirectory(prefix="directory_vcard.") as name:
-            folder = pathlib.Path(name)
-            (folder / GROUP_FILE).write_bytes(group_data)
-            (folder / CONTACT_FILE).write_bytes(contact_data)
-            return self.judge_folder(folder)
+        try:
+            with tempfile.TemporaryDirectory(prefix="directory_vcard.") as name:
+                folder = pathlib.Path(name)
+                (folder / GROUP_FILE).write_bytes(group_data)
+                (folder / CONTACT_FILE).write_bytes(contact_data)
+                return self.judge_folder(folder)
+        except OSError as error:
+            raise Unusable(f"no scratch folder can be made: {error.strerror}") from None

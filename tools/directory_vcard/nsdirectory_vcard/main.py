@@ -126,6 +126,27 @@ def import_report(options, merged):
             "findings": findings}
 
 
+def tell(done, as_json):
+    try:
+        report.print_report(done, as_json)
+        sys.stdout.flush()
+    except OSError as error:
+        complain(f"it is done, but the report cannot be written: {error.strerror}")
+        os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())  # for the flush at the end
+        return EXIT_FINDINGS
+    return EXIT_FINDINGS if done["findings"] else EXIT_ALL_DONE
+
+
+def complain(text):
+    print(f"directory_vcard: {report.one_line(text)}", file=sys.stderr)
+
+
+def text_of(error):
+    if isinstance(error, OSError):
+        return ": ".join(filter(None, (error.filename, error.strerror)))
+    return str(error)
+
+
 def main(own_folder, arguments=None):
     options = parse(arguments)
     for stream in (sys.stdout, sys.stderr):
@@ -134,10 +155,8 @@ def main(own_folder, arguments=None):
     try:
         done = run(options, Checker(own_folder))
     except (Unusable, OSError) as error:
-        said = f"{error.filename}: {error.strerror}" if isinstance(error, OSError) else str(error)
-        print(f"directory_vcard: {report.one_line(said)}", file=sys.stderr)
+        complain(text_of(error))
         if options.json:
-            print(json.dumps({"error": said}))
+            print(json.dumps({"error": text_of(error)}))
         return EXIT_NOTHING_DONE
-    report.print_report(done, options.json)
-    return EXIT_FINDINGS if done["findings"] else EXIT_ALL_DONE
+    return tell(done, options.json)

@@ -5,9 +5,17 @@ import json
 import unicodedata
 
 
+DIRECTIONS = {"LRE", "RLE", "LRO", "RLO", "PDF", "LRI", "RLI", "FSI", "PDI"}
+
+
 def one_line(text):
     """Names come from strangers, and must not steer a terminal."""
-    return "".join("?" if unicodedata.category(c) in ("Cc", "Cs") else c for c in text)
+    return "".join("?" if is_steering(c) else c for c in text)
+
+
+def is_steering(character):
+    return (unicodedata.category(character) in ("Cc", "Cs")
+            or unicodedata.bidirectional(character) in DIRECTIONS)
 
 
 def line_of(finding):
