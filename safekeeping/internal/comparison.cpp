@@ -104,18 +104,35 @@ class CEntries
     EntryData* m_pEnd;
 };
 
-FileForm Parse(const CFolder& folder, const char* pName, int nFile, pugi::xml_document& document)
+struct TextData
 {
-    char* pText = nullptr;
+    TextData() = default;
+    TextData(const TextData&) = delete;
+    TextData& operator=(const TextData&) = delete;
+    ~TextData() { std::free(m_pText); }
+
+    char* m_pText = nullptr;
+};
+
+// A file's document. The text is parsed in place, since a copy would take as much memory again. So
+// it ends after the document.
+struct DocumentData
+{
+    TextData m_text;
+    pugi::xml_document m_document;
+};
+
+FileForm Parse(const CFolder& folder, const char* pName, int nFile, DocumentData& data)
+{
     std::size_t nSize = 0;
-    if (!folder.ReadText(pName, &pText, nSize)) {
+    if (!folder.ReadText(pName, &data.m_text.m_pText, nSize)) {
         return FileForm::UNKNOWN;
     }
-    if (pText == nullptr) {
+    if (data.m_text.m_pText == nullptr) {
         return FileForm::ABSENT;
     }
-    const pugi::xml_parse_result status = document.load_buffer(pText, nSize);
-    std::free(pText);
+    pugi::xml_document& document = data.m_document;
+    const pugi::xml_parse_result status = document.load_buffer_inplace(data.m_text.m_pText, nSize);
     if (status.status == pugi::status_out_of_memory) {
         return FileForm::UNKNOWN;
     }
@@ -300,17 +317,17 @@ void CompareContacts(const CContactLocalManager& directory, pugi::xml_node root,
 
 FileForm ReadForm(const CFolder& folder, const char* pName, int nFile)
 {
-    pugi::xml_document document;
-    return Parse(folder, pName, nFile, document);
+    DocumentData data;
+    return Parse(folder, pName, nFile, data);
 }
 
 ComparisonData Compare(const CContactLocalManager& directory, const CFolder& folder,
                        const char* pName, int nFile)
 {
     ComparisonData result;
-    pugi::xml_document document;
-    const FileForm form = Parse(folder, pName, nFile, document);
-    const pugi::xml_node root = document.child(FORM_NAMES[nFile].m_pRoot);
+    DocumentData data;
+    const FileForm form = Parse(folder, pName, nFile, data);
+    const pugi::xml_node root = data.m_document.child(FORM_NAMES[nFile].m_pRoot);
     const std::size_t nCount = CountElements(root, FORM_NAMES[nFile].m_pElement);
     CEntries entries(nCount);
     if (form == FileForm::UNKNOWN || !entries.HasRoom()) {
