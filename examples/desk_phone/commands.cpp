@@ -1,6 +1,8 @@
 #include "desk_phone/commands.h"
 
+#include <algorithm>
 #include <climits>
+#include <iterator>
 
 #include "desk_phone/line_reader.h"
 #include "desk_phone/screen.h"
@@ -19,46 +21,63 @@ struct CommandData
 {
     const char* m_pName;
     const char* m_pArguments;
-    std::size_t m_nLeast;  // words behind the name
+    std::size_t m_nLeast;  // words after the name
     std::size_t m_nMost;
+    Expected m_first;  // what the first argument is
+    Expected m_other;
     void (*m_pRun)(PhoneData& phone, const Words& words);
     const char* m_pHelp;
+    const char* m_pQuestion = nullptr;  // asked at a prompt before it is run
 };
 
 constexpr CommandData COMMANDS[] = {
-    {"call", "NUMBER", 1, 1, Call,
+    {"call", "NUMBER", 1, 1, Expected::NOTHING, Expected::NOTHING, Call,
      "A call from NUMBER comes in: who it is, and the ring or BLOCKED. Numbers match digit for "
      "digit."},
-    {"groups", "", 0, 0, ListGroups, "The groups with their contacts counted and their rings."},
-    {"contacts", "GROUP [FROM COUNT]", 1, 3, ListContacts,
+    {"groups", "", 0, 0, Expected::NOTHING, Expected::NOTHING, ListGroups,
+     "The groups with their contacts counted and their rings."},
+    {"contacts", "GROUP [FROM COUNT]", 1, 3, Expected::GROUPS, Expected::NOTHING, ListContacts,
      "A page of a group's contacts: COUNT of them (10) from place FROM (1) on."},
-    {"show", "NAME", 1, 1, Show, "All that is stored for a contact."},
-    {"add", "NAME [FIELD=VALUE ...]", 1, ANY, AddContact,
-     "Adds a contact, to \"All Contacts\" where no group is given. Fields: group, mobile, office, "
+    {"show", "NAME", 1, 1, Expected::NAMES, Expected::NOTHING, Show,
+     "All that is stored for a contact."},
+    {"add", "NAME [FIELD=VALUE ...]", 1, ANY, Expected::NOTHING, Expected::FIELDS, AddContact,
+     "Adds a contact, to \"All Contacts\" if no group is given. Fields: group, mobile, office, "
      "other, ring, photo, line, selected."},
-    {"update", "NAME FIELD=VALUE ...", 2, ANY, UpdateContact,
+    {"update", "NAME FIELD=VALUE ...", 2, ANY, Expected::NAMES, Expected::FIELDS, UpdateContact,
      "Changes fields of a contact: those of add, and name."},
-    {"remove", "NAME ...", 1, ANY, RemoveContacts,
+    {"remove", "NAME ...", 1, ANY, Expected::NAMES, Expected::NAMES, RemoveContacts,
      "Removes contacts. Of several names those of no contact are passed over."},
-    {"remove-all", "GROUP", 1, 1, RemoveAllContacts,
-     "Removes the contacts of a group; of \"All Contacts\" every contact, blacklisted ones too."},
-    {"move", "NAME ... GROUP", 2, ANY, MoveContacts,
+    {"remove-all", "GROUP", 1, 1, Expected::GROUPS, Expected::NOTHING, RemoveAllContacts,
+     "Removes the contacts of a group; of \"All Contacts\" every contact, blacklisted ones too.",
+     "All contacts of this group are to be removed?"},
+    {"move", "NAME ... GROUP", 2, ANY, Expected::NAMES, Expected::NAMES_AND_GROUPS, MoveContacts,
      "Moves contacts to a group, all or none. Names of no contact are passed over."},
-    {"block", "NAME", 1, 1, Block, "Puts a contact into the blacklist."},
-    {"unblock", "NAME", 1, 1, Unblock, "Takes a contact out of the blacklist."},
-    {"add-group", "NAME [RING]", 1, 2, AddGroup, "Adds a group."},
-    {"rename-group", "NAME NEWNAME", 2, 2, RenameGroup, "Renames a group; its contacts stay."},
-    {"ring", "GROUP RING", 2, 2, SetGroupRing, "Gives a group a ring; \"\" takes it away."},
-    {"remove-group", "NAME", 1, 1, RemoveGroup,
+    {"block", "NAME", 1, 1, Expected::NAMES, Expected::NOTHING, Block,
+     "Puts a contact into the blacklist."},
+    {"unblock", "NAME", 1, 1, Expected::NAMES, Expected::NOTHING, Unblock,
+     "Takes a contact out of the blacklist."},
+    {"add-group", "NAME [RING]", 1, 2, Expected::NOTHING, Expected::NOTHING, AddGroup,
+     "Adds a group."},
+    {"rename-group", "NAME NEWNAME", 2, 2, Expected::GROUPS, Expected::NOTHING, RenameGroup,
+     "Renames a group; its contacts stay."},
+    {"ring", "GROUP RING", 2, 2, Expected::GROUPS, Expected::NOTHING, SetGroupRing,
+     "Gives a group a ring; \"\" takes it away."},
+    {"remove-group", "NAME", 1, 1, Expected::GROUPS, Expected::NOTHING, RemoveGroup,
      "Removes a group; its contacts go to \"All Contacts\"."},
-    {"remove-all-groups", "", 0, 0, RemoveAllGroups, "Removes all groups but the two fixed ones."},
-    {"export", "PATH", 1, 1, Export,
+    {"remove-all-groups", "", 0, 0, Expected::NOTHING, Expected::NOTHING, RemoveAllGroups,
+     "Removes all groups but the two fixed ones.",
+     "All groups but the two fixed ones are to be removed?"},
+    {"export", "PATH", 1, 1, Expected::NOTHING, Expected::NOTHING, Export,
      "Writes groups and contacts into one file; \"\" is the usual place."},
-    {"files", "[LINES]", 0, 1, ShowFiles, "The two files of the directory: size and first lines."},
-    {"summary", "", 0, 0, ShowSummary, "Counts, limits, and how long the start took."},
-    {"help", "[COMMAND]", 0, 1, Help, "What a command does."},
-    {"quit", "", 0, 0, Quit, "Ends the program, as the end of input does."},
-    {"exit", "", 0, 0, Quit, "The same."},
+    {"files", "[LINES]", 0, 1, Expected::NOTHING, Expected::NOTHING, ShowFiles,
+     "The two files of the directory: size and first lines."},
+    {"summary", "", 0, 0, Expected::NOTHING, Expected::NOTHING, ShowSummary,
+     "Counts, limits, and how long the start took."},
+    {"help", "[COMMAND]", 0, 1, Expected::COMMANDS, Expected::NOTHING, Help,
+     "What a command does."},
+    {"quit", "", 0, 0, Expected::NOTHING, Expected::NOTHING, Quit,
+     "Ends the program, as the end of input does."},
+    {"exit", "", 0, 0, Expected::NOTHING, Expected::NOTHING, Quit, "The same."},
 };
 
 std::string Usage(const CommandData& command)
@@ -93,7 +112,7 @@ void Help(PhoneData&, const Words& words)
     }
     std::vector<std::pair<std::string, std::string>> pairs;
     for (const CommandData& command : COMMANDS) {
-        pairs.emplace_back(command.m_pName, FirstSentence(command.m_pHelp));
+        pairs.emplace_back(Usage(command), FirstSentence(command.m_pHelp));
     }
     PrintPairs(pairs);
     PrintText("Names with blanks stand in double quotes. More on one: help COMMAND");
@@ -110,6 +129,10 @@ void RunWords(PhoneData& phone, const Words& words)
     const std::size_t nArguments = words.size() - 1;
     if (nArguments < command.m_nLeast || nArguments > command.m_nMost) {
         throw CWrongInput("This is written: " + Usage(command));
+    }
+    if (command.m_pQuestion != nullptr && phone.m_ask && !phone.m_ask(command.m_pQuestion)) {
+        PrintText("Nothing is changed.");
+        return;
     }
     command.m_pRun(phone, words);
 }
@@ -134,6 +157,29 @@ Words ToWords(const std::string& strLine)
 }
 
 }  // namespace
+
+Words CommandNames()
+{
+    Words names;
+    for (const CommandData& command : COMMANDS) {
+        names.emplace_back(command.m_pName);
+    }
+    return names;
+}
+
+Expected ExpectedAfter(const Words& words)
+{
+    if (words.empty()) {
+        return Expected::COMMANDS;
+    }
+    const auto* pCommand = std::find_if(
+        std::begin(COMMANDS), std::end(COMMANDS),
+        [&words](const CommandData& command) { return words.front() == command.m_pName; });
+    if (pCommand == std::end(COMMANDS) || words.size() > pCommand->m_nMost) {
+        return Expected::NOTHING;
+    }
+    return words.size() == 1 ? pCommand->m_first : pCommand->m_other;
+}
 
 void RunLine(PhoneData& phone, const std::string& strLine)
 {

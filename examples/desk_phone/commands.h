@@ -9,6 +9,22 @@
 
 namespace desk_phone {
 
+// What a word of a line is to be.
+enum class Expected
+{
+    NOTHING,  // anything
+    COMMANDS,
+    GROUPS,
+    NAMES,
+    NAMES_AND_GROUPS,
+    FIELDS
+};
+
+Words CommandNames();
+
+// The next word after these.
+Expected ExpectedAfter(const Words& words);
+
 // Does what the line says. Wrong input is answered with one line and does nothing.
 void RunLine(PhoneData& phone, const std::string& strLine);
 

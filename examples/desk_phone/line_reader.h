@@ -1,4 +1,4 @@
-// Where the lines of input come from.
+// The lines of a script or a pipe.
 
 #ifndef DESK_PHONE_LINE_READER_H
 #define DESK_PHONE_LINE_READER_H
@@ -11,10 +11,7 @@ namespace desk_phone {
 
 inline constexpr std::size_t MOST_LINE_BYTES = 1000;
 
-// A line at a prompt, with editing and history. False at end of input.
-bool ReadAtPrompt(std::string& strLine);
-
-// A line of a script or a pipe. Of one that is too long the first MOST_LINE_BYTES + 1 bytes are
+// A line. Of one that is too long the first MOST_LINE_BYTES + 1 bytes are
 // kept, whatever its length. False at the end of input, and if it cannot be read: stream.bad()
 // then.
 bool ReadFromStream(std::istream& stream, std::string& strLine);

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <chrono>
 #include <clocale>
 #include <csignal>
@@ -17,10 +16,8 @@
 #include <fstream>
 #include <iostream>
 
-#include "desk_phone/commands.h"
-#include "desk_phone/line_reader.h"
 #include "desk_phone/screen.h"
-#include "desk_phone/text_width.h"
+#include "desk_phone/session.h"
 #include "directory/data_files.h"
 #include "safekeeping/safe_copy.h"
 
@@ -32,8 +29,6 @@ using NS_DIRECTORY::CSafeCopy;
 
 constexpr int EXIT_WRONG_LINE = 1;
 constexpr int EXIT_UNUSABLE = 2;
-
-volatile std::sig_atomic_t s_nSignal = 0;
 
 // The library works on a folder relative to the working directory, and does not make it.
 void EnterFolder(const std::string& strFolder)
@@ -70,64 +65,6 @@ CContactLocalManager* Start(double& dMilliseconds)
     return pDirectory;
 }
 
-void RunAtPrompt(PhoneData& phone)
-{
-    desk_phone::PrintText("The telephone is on. Commands are listed by: help");
-    std::string strLine;
-    while (phone.m_bOn && desk_phone::ReadAtPrompt(strLine)) {
-        desk_phone::RunLine(phone, strLine);
-    }
-    std::cout << (phone.m_bOn ? "\n" : "");  // what follows starts on a line of its own
-}
-
-// Each line is shown before its answer, so that the output reads like a session at the prompt.
-void Echo(std::string strLine)
-{
-    std::replace(strLine.begin(), strLine.end(), '\t', ' ');
-    if (strLine.size() > desk_phone::MOST_LINE_BYTES || strLine.empty()) {
-        desk_phone::PrintCut(strLine);
-    } else if (strLine.front() == '#') {
-        desk_phone::PrintText(strLine);
-    } else {
-        desk_phone::PrintText(strLine, "> ");
-    }
-}
-
-// A signal must not end the program while it writes a file, so it waits for the end of a line. A
-// second one does not.
-void StopAtEndOfLine(int nSignal)
-{
-    s_nSignal = nSignal;
-}
-
-void CatchSignals()
-{
-    struct sigaction action = {};
-    action.sa_handler = StopAtEndOfLine;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
-    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
-        (void)sigaction(nSignal, &action, nullptr);  // these can be caught
-    }
-}
-
-void RunStream(PhoneData& phone, std::istream& stream, const std::string& strName)
-{
-    std::string strLine;
-    CatchSignals();
-    while (phone.m_bOn && s_nSignal == 0 && std::cout.flush() &&
-           desk_phone::ReadFromStream(stream, strLine)) {
-        Echo(strLine);
-        desk_phone::RunLine(phone, strLine);
-    }
-    if (s_nSignal != 0) {
-        (void)std::cout.flush();
-        (void)std::raise(s_nSignal);
-    }
-    if (stream.bad() || std::ferror(stdin) != 0) {  // std::cin hides its errors
-        throw std::runtime_error(strName + ": cannot be read");
-    }
-}
-
 // A path counts from the folder in which the program was started.
 std::ifstream OpenScript(const std::string& strPath)
 {
@@ -142,12 +79,11 @@ std::ifstream OpenScript(const std::string& strPath)
 void RunInput(PhoneData& phone, std::ifstream& script, const std::string& strScript)
 {
     if (!strScript.empty()) {
-        RunStream(phone, script, strScript);
+        desk_phone::RunStream(phone, script, strScript);
     } else if (isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) {
-        RunAtPrompt(phone);
-        phone.m_bFailed = false;  // a person has seen what was wrong
+        desk_phone::RunAtPrompt(phone);
     } else {
-        RunStream(phone, std::cin, "standard input");
+        desk_phone::RunStream(phone, std::cin, "standard input");
     }
     if (!std::cout.flush()) {
         throw std::runtime_error("the output cannot be written");

@@ -4,6 +4,9 @@
 #ifndef DESK_PHONE_PHONE_H
 #define DESK_PHONE_PHONE_H
 
+#include <functional>
+#include <string>
+
 #include "desk_phone/words.h"
 #include "directory/contact_local_manager.h"
 #include "safekeeping/safe_copy.h"
@@ -23,6 +26,8 @@ struct PhoneData
     NS_DIRECTORY::CSafeCopy* m_pSafe;  // guards the edits; null if they go bare
     double m_dLoadMilliseconds;
     bool m_bOn = true;
+    // Puts a question to the person at the prompt; empty if there is none, so nothing is asked.
+    std::function<bool(const std::string& strQuestion)> m_ask = {};
     bool m_bFailed = false;  // a line was wrong; what the directory refuses is no failure
 };
 

@@ -18,6 +18,7 @@ constexpr std::size_t LEAST_WIDTH = 20;
 constexpr std::size_t MOST_WIDTH = 500;
 constexpr std::size_t MOST_BOX_WIDTH = 60;
 constexpr std::size_t GAP = 2;
+constexpr std::size_t MOST_CHOICE_LINES = 12;
 
 std::string Repeat(const char* pText, std::size_t nTimes)
 {
@@ -71,7 +72,31 @@ void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs)
     }
     nLabel = std::min(nLabel, ScreenWidth() / 2 - GAP);
     for (const auto& pair : pairs) {
-        PrintText(pair.second, Fit(pair.first, nLabel) + std::string(GAP, ' '));
+        const bool bFits = Width(pair.first) <= nLabel;
+        if (!bFits) {
+            PrintText(pair.first);
+        }
+        PrintText(pair.second, Fit(bFits ? pair.first : "", nLabel) + std::string(GAP, ' '));
+    }
+}
+
+void PrintChoices(const std::vector<std::string>& words)
+{
+    std::size_t nWidth = 0;
+    for (const std::string& strWord : words) {
+        nWidth = std::max(nWidth, Width(strWord) + GAP);
+    }
+    nWidth = std::min(nWidth, ScreenWidth());
+    const std::size_t nInLine = ScreenWidth() / nWidth;
+    std::string strLine;
+    for (std::size_t n = 0; n < std::min(words.size(), nInLine * MOST_CHOICE_LINES); ++n) {
+        strLine += Fit(words[n], nWidth);
+        if ((n + 1) % nInLine == 0 || n + 1 == words.size()) {
+            std::cout << WithoutTrailingBlanks(std::exchange(strLine, {})) << '\n';
+        }
+    }
+    if (words.size() > nInLine * MOST_CHOICE_LINES) {
+        PrintText("… and " + std::to_string(words.size() - nInLine * MOST_CHOICE_LINES) + " more");
     }
 }
 

@@ -20,7 +20,10 @@ void PrintText(const std::string& strText, const std::string& strLabel = "");
 // One line, cut where it is too long.
 void PrintCut(const std::string& strText);
 
-// Labels in one column, values in another.
+// As many words side by side as there is room for, up to a dozen lines.
+void PrintChoices(const std::vector<std::string>& words);
+
+// Labels in one column, values in another. A label that is too wide has a line of its own.
 void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs);
 
 // A frame around the lines.

@@ -1,6 +1,7 @@
 #include "desk_phone/words.h"
 
 #include <charconv>
+#include <utility>
 
 namespace desk_phone {
 
@@ -17,24 +18,26 @@ bool IsEscape(const std::string& strLine, std::size_t n)
            (strLine[n + 1] == '"' || strLine[n + 1] == '\\');
 }
 
-// The word that begins at n, and n moved behind it.
-std::string TakeWord(const std::string& strLine, std::size_t& n)
+// The word that begins at n, and n moved past it; whether its last quote is still open.
+std::string TakeWord(const std::string& strLine, std::size_t& n, bool& bOpen)
 {
     std::string strWord;
-    bool bQuoted = false;
-    for (; n < strLine.size() && (bQuoted || !IsBlank(strLine[n])); ++n) {
+    bOpen = false;
+    for (; n < strLine.size() && (bOpen || !IsBlank(strLine[n])); ++n) {
         if (IsEscape(strLine, n)) {
             strWord += strLine[++n];
         } else if (strLine[n] == '"') {
-            bQuoted = !bQuoted;
+            bOpen = !bOpen;
         } else {
             strWord += strLine[n];
         }
     }
-    if (bQuoted) {
-        throw CWrongInput("A quote is opened and not closed.");
-    }
     return strWord;
+}
+
+bool NeedsQuotes(const std::string& strWord)
+{
+    return strWord.empty() || strWord.find_first_of(" \t\"\\#") != std::string::npos;
 }
 
 }  // namespace
@@ -42,14 +45,53 @@ std::string TakeWord(const std::string& strLine, std::size_t& n)
 Words SplitWords(const std::string& strLine)
 {
     Words words;
+    bool bOpen = false;
     for (std::size_t n = 0; n < strLine.size();) {
         if (IsBlank(strLine[n])) {
             ++n;
         } else {
-            words.push_back(TakeWord(strLine, n));
+            words.push_back(TakeWord(strLine, n, bOpen));
         }
     }
+    if (bOpen) {
+        throw CWrongInput("A quote is opened and not closed.");
+    }
     return words;
+}
+
+LastWordData FindLastWord(const std::string& strLine)
+{
+    LastWordData last;
+    bool bOpen = false;
+    for (std::size_t n = 0; n < strLine.size();) {
+        if (IsBlank(strLine[n])) {
+            last.m_nFrom = ++n;
+            continue;
+        }
+        last.m_nFrom = n;
+        last.m_strText = TakeWord(strLine, n, bOpen);
+        if (n < strLine.size()) {
+            last.m_before.push_back(std::exchange(last.m_strText, {}));
+        }
+    }
+    return last;
+}
+
+std::string OpenQuoted(const std::string& strWord)
+{
+    if (!NeedsQuotes(strWord)) {
+        return strWord;
+    }
+    std::string strQuoted = "\"";
+    for (const char c : strWord) {
+        strQuoted += c == '"' || c == '\\' ? std::string{'\\', c} : std::string{c};
+    }
+    return strQuoted;
+}
+
+std::string Quoted(const std::string& strWord)
+{
+    return OpenQuoted(strWord) + (NeedsQuotes(strWord) ? "\"" : "");
 }
 
 int ToNumber(const std::string& strWord, int nLeast, const std::string& strWhat)
