@@ -39,7 +39,7 @@ int CContactLocalManager::AddContact(const qz::basic_string<char>& strGroupName,
 
 int CContactLocalManager::AddContactById(int nGroupId, const ContactGeneralItemData& data)
 {
-    const int nChange = MyTestChange();
+    const int nChange = MyTestChange(nGroupId);
     if (nChange < 0) {
         return nChange;
     }

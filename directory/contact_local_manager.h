@@ -557,6 +557,9 @@ class NSDIRECTORY_API CContactLocalManager
     // DIR_RET_RELOADING or DIR_RET_NO_MEMORY.
     int MyTestChange();
     int MyCatchUp();
+    // The same for a call by the id of a group, which is brought up to date.
+    int MyTestChange(int& nGroupId);
+    int MyCatchUp(int& nGroupId);
     void MySetGroupUnread(bool bUnread, int nRoom);
     void MySetContactUnread(bool bUnread, const ContactLimits& room);
 

@@ -80,7 +80,7 @@ int CContactLocalManager::MoveContactToGroup(const qz::basic_string<char>& strNa
 
 int CContactLocalManager::SetContactGroupId(const qz::basic_string<char>& strName, int nGroupId)
 {
-    const int nChange = MyTestChange();
+    const int nChange = MyTestChange(nGroupId);
     if (nChange < 0) {
         return nChange;
     }

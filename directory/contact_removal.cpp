@@ -43,7 +43,7 @@ int CContactLocalManager::RemoveAllContacts(int nGroupId)
     if (m_bReloadByHttp) {
         return DIR_RET_NONE;  // the one operation that refuses so, and hosts know it
     }
-    if (MyCatchUp() < 0) {
+    if (MyCatchUp(nGroupId) < 0) {
         return DIR_RET_NO_MEMORY;
     }
     const unsigned int nBefore = m_listContact.size();

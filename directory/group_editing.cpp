@@ -1,6 +1,8 @@
 // Editing of groups. An add, a rename and a single removal end with a reload of both files, since
 // that is what gives the groups their ids. Each saves first what the reload will take.
 
+#include <climits>
+
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_place.h"
@@ -48,6 +50,8 @@ int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
         m_bGroupUnsaved = false;
         return DIR_RET_NO_MEMORY;
     }
+    // If the reload gets no memory, the present ids stay for a while: no other group has this one.
+    MyFindGroupByDisplayName(data.m_strDisplayName)->m_nId = INT_MAX;
     MyReloadAfterEdit();
     return nPosition;
 }

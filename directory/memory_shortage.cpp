@@ -5,6 +5,7 @@
 // and refuses if memory is still short.
 
 #include "directory/contact_local_manager.h"
+#include "directory/internal/fixed_groups.h"
 #include "directory/internal/limits.h"
 
 namespace NS_DIRECTORY {
@@ -33,6 +34,24 @@ int CContactLocalManager::MyCatchUp()
         (void)ReloadContactXml();
     }
     return m_bContactUnread ? DIR_RET_NO_MEMORY : DIR_RET_OK;
+}
+
+// The reload of the catch-up gives new ids, but the id that the host has asked for right before its
+// call must mean the same group.
+int CContactLocalManager::MyCatchUp(int& nGroupId)
+{
+    if (!m_bGroupUnread || IsFixedGroupId(nGroupId)) {
+        return MyCatchUp();
+    }
+    const qz::basic_string<char> strName = MyGId2Name(nGroupId);
+    const int nResult = MyCatchUp();
+    nGroupId = MyGName2Id(strName);
+    return nResult;
+}
+
+int CContactLocalManager::MyTestChange(int& nGroupId)
+{
+    return m_bReloadByHttp ? DIR_RET_RELOADING : MyCatchUp(nGroupId);
 }
 
 // Contacts that were read over part of the groups have lost their links, so their file counts as

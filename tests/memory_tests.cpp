@@ -51,7 +51,12 @@ const std::vector<CallRow> CALLS{
     {"Black2Local", [](Manager& m) { return m.Black2Local("Bob"); }},
     {"SetDefaultPhoto", [](Manager& m) { return m.SetDefaultPhoto(""); }}};
 // What a host does afterwards.
-const std::vector<Call> LATER{[](Manager& m) { return m.AddGroup(GroupRow("Later")); },
+int FamilyId(const Manager& m)
+{
+    return m.GetGroupIdByGroupName("Family");
+}
+const std::vector<Call> LATER{[](Manager& m) { return m.SetContactGroupId("Dan", FamilyId(m)); },
+                              [](Manager& m) { return m.AddGroup(GroupRow("Later")); },
                               [](Manager& m) { return m.AddBlackContact(ContactRow("Last")); },
                               [](Manager& m) { return m.RemoveGroup("Club"); }};
 
