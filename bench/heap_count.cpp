@@ -74,6 +74,9 @@ void* calloc(size_t count, size_t size)
 
 void* realloc(void* block, size_t size)
 {
+    if (Refuses(size)) {
+        return nullptr;
+    }
     NoteGone(block);
     return Noted(__libc_realloc(block, size));
 }

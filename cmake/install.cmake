@@ -1,5 +1,6 @@
 # What an installation holds, and the Debian packages made of it: the shared library in one, all
-# that a host is built with in a second, and the tools in a third.
+# that a host is built with in a second, and the tools in a third. Companions that need more than
+# the library does have packages of their own.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -14,14 +15,6 @@ set(GENERATED_DIR ${CMAKE_CURRENT_BINARY_DIR}/install)
 set(INSTALLED_LIBRARIES nsdirectory nsdirectory_platform_host)
 if(BUILD_SHARED_LIBS)
   list(APPEND INSTALLED_LIBRARIES nsdirectory_static)
-endif()
-if(NSDIRECTORY_BUILD_SAFEKEEPING)
-  list(APPEND INSTALLED_LIBRARIES nsdirectory_safekeeping)
-  if(BUILD_SHARED_LIBS)
-    list(APPEND INSTALLED_LIBRARIES nsdirectory_safekeeping_static)
-  endif()
-  install(FILES safekeeping/safe_copy.h
-    DESTINATION ${HEADER_DIR}/safekeeping COMPONENT development)
 endif()
 set_target_properties(nsdirectory_platform_host PROPERTIES EXPORT_NAME platform_host)
 install(TARGETS ${INSTALLED_LIBRARIES} EXPORT nsdirectory-targets
@@ -41,6 +34,25 @@ install(FILES include/qzstl/list_like include/qzstl/string_like
 install(FILES platform/device_services.h
   DESTINATION ${HEADER_DIR}/platform COMPONENT development)
 
+# The companions and their headers.
+get_property(COMPANIONS GLOBAL PROPERTY NSDIRECTORY_COMPANIONS)
+foreach(name ${COMPANIONS})
+  get_target_property(component nsdirectory_${name} COMPANION_COMPONENT)
+  get_target_property(headers nsdirectory_${name} COMPANION_HEADERS)
+  set(libraries nsdirectory_${name})
+  if(BUILD_SHARED_LIBS)
+    list(APPEND libraries nsdirectory_${name}_static)
+  endif()
+  install(TARGETS ${libraries} EXPORT nsdirectory-targets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component}
+            NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+  foreach(header ${headers})
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES ${header} DESTINATION ${HEADER_DIR}/${folder} COMPONENT development)
+  endforeach()
+endforeach()
+
 # For find_package.
 configure_package_config_file(cmake/nsdirectory-config.cmake.in
   ${GENERATED_DIR}/nsdirectory-config.cmake INSTALL_DESTINATION ${CONFIG_DIR})
@@ -58,9 +70,10 @@ if(NSDIRECTORY_DATA_DIR)
   set(DATA_DIR_CFLAG " -DNSDIRECTORY_DATA_DIR='\"${NSDIRECTORY_DATA_DIR}\"'")
 endif()
 set(PKGCONFIG_NAMES nsdirectory nsdirectory-platform-host)
-if(NSDIRECTORY_BUILD_SAFEKEEPING)
-  list(APPEND PKGCONFIG_NAMES nsdirectory-safekeeping)
-endif()
+foreach(name ${COMPANIONS})
+  string(REPLACE _ - name nsdirectory-${name})
+  list(APPEND PKGCONFIG_NAMES ${name})
+endforeach()
 foreach(name ${PKGCONFIG_NAMES})
   configure_file(cmake/${name}.pc.in ${GENERATED_DIR}/${name}.pc @ONLY)
   install(FILES ${GENERATED_DIR}/${name}.pc DESTINATION ${PKGCONFIG_DIR} COMPONENT development)
@@ -117,4 +130,27 @@ set(CPACK_COMPONENTS_ALL runtime development)
 if(NSDIRECTORY_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL tools)
 endif()
+
+# The packages of companions. They hold one library each, whose dependencies are found in it, all
+# but the one that is built with it.
+foreach(name ${COMPANIONS})
+  get_target_property(component nsdirectory_${name} COMPANION_COMPONENT)
+  if(component STREQUAL name)
+    string(REPLACE _ - package libnsdirectory-${name}${PROJECT_VERSION_MAJOR})
+    string(TOUPPER ${name} NAME)
+    set(CPACK_DEBIAN_${NAME}_PACKAGE_NAME ${package})
+    set(CPACK_DEBIAN_${NAME}_PACKAGE_SECTION libs)
+    set(CPACK_DEBIAN_${NAME}_PACKAGE_DEPENDS
+      "libnsdirectory${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+    string(APPEND CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+      ", ${package} (= ${PROJECT_VERSION})")
+    list(APPEND CPACK_COMPONENTS_ALL ${name})
+  endif()
+endforeach()
+set(CPACK_COMPONENT_SEARCH_DESCRIPTION
+  "The companion that finds contacts by words, parts of numbers and the keys of a telephone.")
+set(CPACK_COMPONENT_NUMBER_SEARCH_DESCRIPTION
+  "The companion that finds contacts by a number, however it is written.")
+# What static libraries of companions are linked with besides.
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libunistring-dev, libphonenumber-dev")
 include(CPack)
