@@ -1,6 +1,6 @@
 #include "bench/bare_xml.h"
 
-#include <benchmark/benchmark.h>
+#include "bench/keep.h"
 
 #include <array>
 #include <list>
@@ -24,7 +24,7 @@ void BareLoad(const char* pPath, const char* pRoot, const char* pElement)
             record[n++] = attribute.value();
         }
     }
-    benchmark::DoNotOptimize(records);
+    Keep(records);
 }
 
 pugi::xml_node AppendRoot(pugi::xml_document& document, const char* pName)

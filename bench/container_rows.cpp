@@ -1,6 +1,6 @@
 // The containers beside those of the standard library.
 
-#include <benchmark/benchmark.h>
+#include "bench/keep.h"
 
 #include <list>
 #include <memory>
@@ -40,7 +40,7 @@ struct Build
     static void Run(Texts<Text>& texts)
     {
         Text text(texts.m_strSource.c_str());
-        benchmark::DoNotOptimize(text);
+        Keep(text);
     }
 };
 
@@ -50,7 +50,7 @@ struct Copy
     static void Run(Texts<Text>& texts)
     {
         Text text(texts.m_textOne);
-        benchmark::DoNotOptimize(text);
+        Keep(text);
     }
 };
 
@@ -63,7 +63,7 @@ struct Append
         Text text;
         text.append(texts.m_strSource.c_str(), nHalf);
         text.append(texts.m_strSource.c_str() + nHalf, nHalf);
-        benchmark::DoNotOptimize(text);
+        Keep(text);
     }
 };
 
@@ -74,7 +74,7 @@ struct Assign
     {
         texts.m_textTarget.assign(texts.m_strSource.c_str(),
                                   static_cast<unsigned int>(texts.m_strSource.size()));
-        benchmark::DoNotOptimize(texts.m_textTarget);
+        Keep(texts.m_textTarget);
     }
 };
 
@@ -83,10 +83,9 @@ struct Compare
     template <class Text>
     static void Run(Texts<Text>& texts)
     {
-        benchmark::DoNotOptimize(texts);
-        benchmark::DoNotOptimize(
-            texts.m_textOne.compare(0, Text::npos, texts.m_textOther.c_str(),
-                                    static_cast<unsigned int>(texts.m_textOther.size())));
+        Keep(texts);
+        Keep(texts.m_textOne.compare(0, Text::npos, texts.m_textOther.c_str(),
+                                     static_cast<unsigned int>(texts.m_textOther.size())));
     }
 };
 
@@ -95,8 +94,8 @@ struct Equal
     template <class Text>
     static void Run(Texts<Text>& texts)
     {
-        benchmark::DoNotOptimize(texts);
-        benchmark::DoNotOptimize(texts.m_textOne == texts.m_textOther);
+        Keep(texts);
+        Keep(texts.m_textOne == texts.m_textOther);
     }
 };
 
@@ -150,7 +149,7 @@ template <class List>
 void CopyList(const List& list)
 {
     List copy(list);
-    benchmark::DoNotOptimize(copy);
+    Keep(copy);
 }
 
 std::size_t Walk(const ProductList& list)
@@ -188,11 +187,14 @@ Pair PushPair()
             LIST_SIZE};
 }
 
+// Turn by turn, so that both lie alike in memory, whatever holes the heap has.
 std::shared_ptr<Lists> FilledLists()
 {
     auto pLists = std::make_shared<Lists>();
-    Fill(pLists->m_product);
-    Fill(pLists->m_standard);
+    for (int n = 0; n < LIST_SIZE; ++n) {
+        pLists->m_product.push_back(nullptr);
+        pLists->m_standard.push_back(nullptr);
+    }
     return pLists;
 }
 
@@ -214,8 +216,8 @@ Pair ErasePair()
 Pair WalkPair()
 {
     const auto pLists = FilledLists();
-    return {[pLists] { benchmark::DoNotOptimize(Walk(pLists->m_product)); },
-            [pLists] { benchmark::DoNotOptimize(Walk(pLists->m_standard)); },
+    return {[pLists] { Keep(Walk(pLists->m_product)); },
+            [pLists] { Keep(Walk(pLists->m_standard)); },
             {},
             LIST_SIZE};
 }

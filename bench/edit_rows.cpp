@@ -21,6 +21,7 @@ constexpr double GROUP_AIM = 1.5;
 constexpr int PAIRS = 100;
 constexpr int FULL_COUNT = 1000 + BLACK_COUNT;
 constexpr char NEW_GROUP[] = "Department 150";
+constexpr char RENAMED_GROUP[] = "Department 110";  // one with contacts
 
 // Both start with the limit just not reached, and the contact is the one that stands last.
 struct LastContact
@@ -89,6 +90,27 @@ Pair RemoveLastGroup()
                 BareLoadContacts(CONTACT_FILE);
             },
             [&directory] { (void)directory.AddGroup(NewGroup()); }};
+}
+
+// To and fro, so that each call gives a new name.
+Pair RenameGroup()
+{
+    const Contacts contacts = SampleContacts(DIRECTORY_COUNT);
+    auto& directory = StartDirectory(contacts);
+    const auto groups = SampleGroups(GROUP_COUNT);
+    const auto pBack = std::make_shared<bool>(true);
+    return {[&directory, pBack] {
+                *pBack = !*pBack;
+                const char* const pOld = *pBack ? NEW_GROUP : RENAMED_GROUP;
+                const char* const pNew = *pBack ? RENAMED_GROUP : NEW_GROUP;
+                Require(directory.UpdateGroupData(pOld, {pNew, ""}) > 0, "a renamed group");
+            },
+            [groups, contacts] {
+                BareSaveContacts(BARE_CONTACT_FILE, contacts);
+                BareSaveGroups(BARE_GROUP_FILE, groups);
+                BareLoadGroups(BARE_GROUP_FILE);
+                BareLoadContacts(CONTACT_FILE);
+            }};
 }
 
 enum class NameOrder
@@ -168,6 +190,8 @@ void AppendEditRows(std::vector<Row>& rows)
         {"AddGroup, the 50th / bare saves and loads", GROUP_AIM, NO_AIM, PAIRS, AddLastGroup});
     rows.push_back(
         {"RemoveGroup / bare saves and loads", GROUP_AIM, NO_AIM, PAIRS, RemoveLastGroup});
+    rows.push_back({"UpdateGroupData, a new name / bare saves and loads", GROUP_AIM, GROUP_AIM,
+                    PAIRS, RenameGroup});
     for (const auto& [order, pText] : NAME_ORDERS) {
         rows.push_back({std::string("MoveListToGroup, 500 ") + pText + " / bare save",
                         MANY_CONTACTS_AIM, NO_AIM, PAIRS,

@@ -1,20 +1,18 @@
-// Instructions: runs each row that counts them once under callgrind, which dumps a count for each
-// side under the row's name. Start it with --tool=callgrind --instr-atstart=no.
+// Instructions: runs each row that counts them once, and reports a count for each side under the
+// row's name.
+//   nsdirectory_bench_instructions [PATTERN]     only rows whose name the regular expression finds
 
-#include <valgrind/callgrind.h>
+#include <regex>
 
 #include "bench/directory.h"
+#include "bench/instruction_count.h"
 #include "bench/row.h"
 
 namespace {
 
 void Count(const Pair& pair, const Step& step, const std::string& strTitle)
 {
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    step();
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(strTitle.c_str());
+    CountInstructions(step, strTitle);
     if (pair.m_restore) {
         pair.m_restore();
     }
@@ -37,12 +35,17 @@ void CountBoth(const Row& row)
 
 }  // namespace
 
-int main()
+int main(int argc, char** argv)
 {
-    Require(RUNNING_ON_VALGRIND != 0, "callgrind, under which this program runs");
+    Require(IsCounterThere(), "a counter of instructions, under which this program runs");
+    const std::regex pattern(argc > 1 ? argv[1] : "");
     const CWorkFolder folder;
-    for (const Row& row : AllRows()) {
-        if (row.m_dInstructionAim != NO_AIM) {
+    std::vector<Row> rows;
+    AppendWalkRows(rows);
+    AppendFileRows(rows);
+    AppendEditRows(rows);
+    for (const Row& row : rows) {
+        if (row.m_dInstructionAim != NO_AIM && std::regex_search(row.m_strName, pattern)) {
             CountBoth(row);
         }
     }

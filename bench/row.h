@@ -35,19 +35,10 @@ struct Row
 };
 
 // The rows of each chapter, appended in the order of the table.
-void AppendLookupRows(std::vector<Row>& rows);
+void AppendIndexRows(std::vector<Row>& rows);
+void AppendWalkRows(std::vector<Row>& rows);
 void AppendFileRows(std::vector<Row>& rows);
 void AppendEditRows(std::vector<Row>& rows);
 void AppendContainerRows(std::vector<Row>& rows);
-
-inline std::vector<Row> AllRows()
-{
-    std::vector<Row> rows;
-    AppendLookupRows(rows);
-    AppendFileRows(rows);
-    AppendEditRows(rows);
-    AppendContainerRows(rows);
-    return rows;
-}
 
 #endif  // NSDIRECTORY_BENCH_ROW_H

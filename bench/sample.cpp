@@ -35,6 +35,9 @@ std::string Number(std::mt19937& random, Numbers numbers)
     if (numbers == Numbers::EQUAL_LENGTH) {
         return AREAS[random() % AREAS.size()] + Digits(random, 8);
     }
+    if (numbers == Numbers::BOTH_FORMS) {
+        return Digits(random, 12 + random() % 6);
+    }
     return random() % 3 == 0 ? std::string() : Digits(random, 3 + random() % 11);
 }
 
@@ -84,6 +87,11 @@ std::vector<SampleContact> SampleContacts(int nCount, Numbers numbers)
         contacts[contacts.size() * static_cast<std::size_t>(n) / BLACK_COUNT].m_strGroup =
             groups[1];
     }
-    contacts.back().m_strMobile = "01709876543";  // for the hit that comes last
+    SampleContact& last = contacts.back();  // for the hits that come last
+    last.m_strMobile = LAST_NUMBER;
+    if (numbers == Numbers::BOTH_FORMS) {
+        last.m_strOffice = LAST_SHORT_NUMBER;
+        last.m_strOther = LAST_LONG_NUMBER;
+    }
     return contacts;
 }

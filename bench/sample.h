@@ -23,12 +23,21 @@ struct SampleContact
 enum class Numbers
 {
     EQUAL_LENGTH,  // three numbers of 11 digits each: no comparison is decided by the length
-    MIXED_LENGTH   // of 3 to 13 digits, a third of the fields empty
+    MIXED_LENGTH,  // of 3 to 13 digits, a third of the fields empty
+    BOTH_FORMS     // of 12 to 17 digits: half of them do not fit into the String itself
 };
 
 inline constexpr int BLACK_COUNT = 30;
 inline constexpr int DIRECTORY_COUNT = 990 + BLACK_COUNT;
+// Of nobody: one with few bits set, too, since the library rules contacts out by their bits.
 inline constexpr char NUMBER_OF_NOBODY[] = "07771234567";
+inline constexpr char FEW_BITS_OF_NOBODY[] = "100";
+inline constexpr char SHORT_NUMBER_OF_NOBODY[] = "07771234567890";
+inline constexpr char LONG_NUMBER_OF_NOBODY[] = "077712345678901";
+// Of the last contact alone; the second and third only where numbers stand in both forms.
+inline constexpr char LAST_NUMBER[] = "01709876543";
+inline constexpr char LAST_SHORT_NUMBER[] = "01709876543210";
+inline constexpr char LAST_LONG_NUMBER[] = "017098765432109";
 
 // In list order, spread over the groups; 30 of them are blacklisted.
 std::vector<SampleContact> SampleContacts(int nCount, Numbers numbers = Numbers::MIXED_LENGTH);

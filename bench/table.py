@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints the table of ratios and writes the points of the chart.
 
-    bench/table.py TIMES.json CALLGRIND_FOLDER POINTS_FOLDER
+    bench/table.py TIMES.json CALLGRIND_FOLDER EMULATOR.log POINTS_FOLDER
 """
 
 import json
@@ -25,19 +25,29 @@ def line(name, measured, reference, ratio, aim, form):
     return (name, form(measured), form(reference), f"{ratio:.2f}", f"{aim:.2f}" if aim else "-", met)
 
 
-def counted(folder):
-    """Row name -> its line: callgrind dumped each side under a title of its own."""
-    sides = {}
+def counts_of_callgrind(folder):
+    """Yields titles and counts: callgrind dumped each side under a title of its own."""
     for path in folder.glob("callgrind.out.*"):
         text = path.read_text()
-        if "Client Request: " not in text:
-            continue
-        title = text.split("Client Request: ", 1)[1].split("\n", 1)[0]
+        if "Client Request: " in text:
+            yield (text.split("Client Request: ", 1)[1].split("\n", 1)[0],
+                   int(text.split("\ntotals: ", 1)[1].split("\n", 1)[0]))
+
+
+def counts_of_emulator(log):
+    for text in log.read_text().splitlines():
+        title, count = text.rsplit("|", 1)
+        yield title, int(count)
+
+
+def counted(counts, unit, has_aim=True):
+    """Row name -> its line."""
+    sides = {}
+    for title, count in counts:
         side, aim, name = title.split("|", 2)
-        total = int(text.split("\ntotals: ", 1)[1].split("\n", 1)[0])
-        sides.setdefault((name, float(aim)), {})[side] = total
+        sides.setdefault((name, float(aim) if has_aim else 0), {})[side] = count
     return {
-        name: line(name + ", instructions", both["measured"], both["reference"],
+        name: line(f"{name}, {unit}", both["measured"], both["reference"],
                    both["measured"] / both["reference"], aim, instructions)
         for (name, aim), both in sides.items()
     }
@@ -63,22 +73,31 @@ def overtaken(points):
     return None
 
 
+def share_reference(series, name, other):
+    """Puts a series on the reference of the other, which did the same at another moment."""
+    references = {n: reference for n, _, reference in series.get(other, [])}
+    series[name] = [(n, measured / reference * references[n], references[n])
+                    for n, measured, reference in series.get(name, []) if n in references]
+
+
 def main():
-    times, callgrind, points_folder = map(pathlib.Path, sys.argv[1:])
+    times, callgrind, emulator, points_folder = map(pathlib.Path, sys.argv[1:])
     rows = json.loads(times.read_text())["benchmarks"]
-    instruction_lines = counted(callgrind)
+    by_instructions = (counted(counts_of_callgrind(callgrind), "instructions"),
+                       counted(counts_of_emulator(emulator), "instructions on armhf", has_aim=False))
     lines, series = [], {}
     for row in rows:
         name = row["name"].split("/iterations:")[0]
         if row["in_table"]:
             lines.append(line(name, row["measured"], row["reference"], row["ratio"], row["aim"], seconds))
-            lines += filter(None, [instruction_lines.get(name)])
+            lines += [named[name] for named in by_instructions if name in named]
         if row.get("label"):
-            point = (int(row["contacts"]), row["measured"], row["reference"])
+            point = (int(row["contacts"]), row["ratio"] * row["reference"], row["reference"])
             series.setdefault(row["label"], []).append(point)
     print_table(lines)
-    if 'lookup' in series:
+    if "lookup" in series:
         print(f"The index overtakes the walk at {overtaken(series['lookup'])} contacts.")
+    share_reference(series, "load_any_order", "load")
     for name, points in series.items():
         text = "".join(f"{n} {measured} {reference}\n" for n, measured, reference in points)
         (points_folder / f"{name}.points").write_text(text)

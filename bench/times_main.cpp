@@ -2,6 +2,7 @@
 // happens on the machine then meets both sides alike.
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <chrono>
@@ -96,10 +97,31 @@ void Measure(benchmark::State& state, const Row& row)
     state.SetLabel(row.m_strSeries);
 }
 
+std::vector<Row> AllRows()
+{
+    std::vector<Row> rows;
+    AppendIndexRows(rows);
+    AppendWalkRows(rows);
+    AppendFileRows(rows);
+    AppendEditRows(rows);
+    AppendContainerRows(rows);
+    return rows;
+}
+
+// Memory once taken stays with the process: or one side would pay for the pages that the other side
+// gave back.
+void KeepMemory()
+{
+    constexpr int NEVER = 1 << 30;
+    Require(mallopt(M_TRIM_THRESHOLD, NEVER) != 0 && mallopt(M_MMAP_THRESHOLD, 1 << 25) != 0,
+            "a heap that keeps its memory");
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
+    KeepMemory();
     const CWorkFolder folder;
     for (const Row& row : AllRows()) {
         benchmark::RegisterBenchmark(row.m_strName.c_str(),
