@@ -37,6 +37,7 @@ struct Row
 // The rows of each chapter, appended in the order of the table.
 void AppendIndexRows(std::vector<Row>& rows);
 void AppendWalkRows(std::vector<Row>& rows);
+void AppendSearchRows(std::vector<Row>& rows);
 void AppendFileRows(std::vector<Row>& rows);
 void AppendEditRows(std::vector<Row>& rows);
 void AppendContainerRows(std::vector<Row>& rows);

@@ -102,6 +102,7 @@ std::vector<Row> AllRows()
     std::vector<Row> rows;
     AppendIndexRows(rows);
     AppendWalkRows(rows);
+    AppendSearchRows(rows);
     AppendFileRows(rows);
     AppendEditRows(rows);
     AppendContainerRows(rows);
