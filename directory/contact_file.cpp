@@ -1,7 +1,5 @@
 // The contact file: its load, its reload and its save.
 
-#include <new>
-
 #include "directory/contact_local_manager.h"
 #include "directory/data_files.h"
 #include "directory/internal/contact_element.h"
@@ -49,10 +47,7 @@ int CContactLocalManager::MyFillContactList(const CXmlInput& file, const Contact
     struct Listener final : CContactLoadListener
     {
         explicit Listener(CContactLocalManager& directory) : m_directory(directory) {}
-        ItemData* Take(const ItemData& item, pugi::xml_node) override
-        {
-            return new (std::nothrow) ItemData(item);
-        }
+        void Take(ItemData*, pugi::xml_node) override {}  // it comes to the list at once or later
         void Append(ItemData* pItem) override
         {
             m_directory.MyLinkContact(m_directory.m_listContact.end(), pItem);

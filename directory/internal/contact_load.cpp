@@ -34,22 +34,23 @@ class CContactTaker
     // The record, or null. pPresent has an equal name and was taken before; null if there is none.
     ItemData* Take(pugi::xml_node element, const ItemData* pPresent)
     {
-        ItemData item;
-        ResolveGroup(m_data.m_groups, ReadContactElement(element, item), m_data.m_bKeepGroupNames,
-                     item);
-        int& nTaken = IsBlack(item.m_nGroupId) ? m_nBlack : m_nOrdinary;
-        // The limit before the name, as in an insert.
-        const int nTest = TestContactLimit(m_data.m_limits, item.m_nGroupId, nTaken, 1);
-        if (nTest < 0 || pPresent != nullptr) {
-            m_nResult = std::min(m_nResult, DIR_RET_NONE);
-            m_listener.Refuse(nTest < 0 ? nTest : DIR_RET_CONTACT_EXIST, element, pPresent);
-            return nullptr;
-        }
-        ItemData* pItem = m_listener.Take(item, element);
+        ItemData* pItem = new (std::nothrow) ItemData;
         if (pItem == nullptr) {
             NoteNoMemory();
             return nullptr;
         }
+        ResolveGroup(m_data.m_groups, ReadContactElement(element, *pItem), m_data.m_bKeepGroupNames,
+                     *pItem);
+        int& nTaken = IsBlack(pItem->m_nGroupId) ? m_nBlack : m_nOrdinary;
+        // The limit before the name, as in an insert.
+        const int nTest = TestContactLimit(m_data.m_limits, pItem->m_nGroupId, nTaken, 1);
+        if (nTest < 0 || pPresent != nullptr) {
+            m_nResult = std::min(m_nResult, DIR_RET_NONE);
+            m_listener.Refuse(nTest < 0 ? nTest : DIR_RET_CONTACT_EXIST, element, pPresent);
+            delete pItem;
+            return nullptr;
+        }
+        m_listener.Take(pItem, element);
         ++nTaken;
         return pItem;
     }

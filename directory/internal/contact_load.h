@@ -13,9 +13,8 @@ namespace NS_DIRECTORY {
 class CContactLoadListener
 {
   public:
-    // In the order of the file. A copy of item that is not in the list yet; null if there is no
-    // memory for it.
-    virtual ItemData* Take(const ItemData& item, pugi::xml_node element) = 0;
+    // In the order of the file. The record is the listener's from now on, and not in the list yet.
+    virtual void Take(ItemData* pItem, pugi::xml_node element) = 0;
 
     // Puts a record that was taken at the end of the list.
     virtual void Append(ItemData* pItem) = 0;

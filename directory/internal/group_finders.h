@@ -21,32 +21,23 @@ inline GroupData* FindGroupById(const GroupDataList& list, int nId)
     return nullptr;
 }
 
-// TName is a String or a plain text.
-template <class TName>
-GroupData* FindGroupNamed(const GroupDataList& list, const TName& name)
+inline GroupData* FindGroupByName(const GroupDataList& list, const qz::basic_string<char>& strName)
 {
+    if (strName.empty()) {
+        return nullptr;
+    }
     for (GroupData& group : RecordsOf(list)) {
-        if (group.m_strDisplayName == name) {
+        if (group.m_strDisplayName == strName) {
             return &group;
         }
     }
     return nullptr;
 }
 
-inline GroupData* FindGroupByName(const GroupDataList& list, const qz::basic_string<char>& strName)
-{
-    return strName.empty() ? nullptr : FindGroupNamed(list, strName);
-}
-
-inline GroupData* FindGroupByName(const GroupDataList& list, const char* pName)
-{
-    return *pName == '\0' ? nullptr : FindGroupNamed(list, pName);
-}
-
 // GROUP_ID_NONE if no group has the name.
-inline int GroupIdByName(const GroupDataList& list, const char* pName)
+inline int GroupIdByName(const GroupDataList& list, const qz::basic_string<char>& strName)
 {
-    const GroupData* pGroup = FindGroupByName(list, pName);
+    const GroupData* pGroup = FindGroupByName(list, strName);
     return pGroup == nullptr ? GROUP_ID_NONE : pGroup->m_nId;
 }
 

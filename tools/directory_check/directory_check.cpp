@@ -138,8 +138,9 @@ void CDirectoryCheck::CheckContactFile(const std::string& strPath)
     file.Finish();
 }
 
-ItemData* CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
+void CDirectoryCheck::Take(ItemData* pItem, pugi::xml_node element)
 {
+    const ItemData& item = *m_contacts.emplace_back(pItem);
     ++(item.m_nGroupId == GROUP_ID_BLACKLIST ? m_report.m_nBlack : m_report.m_nOrdinary);
     const char* pGroupName = element.attribute(ATTRIBUTE_GROUP_ID_NAME).value();
     const std::string strWritten = GroupNameForFile(m_listGroup, item);
@@ -152,7 +153,6 @@ ItemData* CDirectoryCheck::Take(const ItemData& item, pugi::xml_node element)
     }
     CXmlOutput output;  // a missing group is reported once, so its name counts as written
     m_pFile->CheckAttributes(element, Write(output, item, pGroupName));
-    return &m_contacts.emplace_back(item);
 }
 
 void CDirectoryCheck::Append(ItemData* pItem)

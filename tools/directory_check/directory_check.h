@@ -5,7 +5,9 @@
 #define NSDIRECTORY_TOOLS_DIRECTORY_CHECK_DIRECTORY_CHECK_H
 
 #include <deque>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "directory/internal/contact_load.h"
 #include "directory/internal/group_load.h"
@@ -33,14 +35,14 @@ class CDirectoryCheck : private NS_DIRECTORY::CGroupLoadListener,
     void PassOver(pugi::xml_node element) override;
 
     void CheckContactFile(const std::string& strPath);
-    ItemData* Take(const ItemData& item, pugi::xml_node element) override;
+    void Take(ItemData* pItem, pugi::xml_node element) override;
     void Append(ItemData* pItem) override;
     void Clear() override;
     void Refuse(int nCode, pugi::xml_node element, const ItemData* pPresent) override;
 
     CFileCheck* m_pFile = nullptr;   // the file that is checked
     std::deque<GroupData> m_groups;  // the lists own no records; these do
-    std::deque<ItemData> m_contacts;
+    std::vector<std::unique_ptr<ItemData>> m_contacts;
     NS_DIRECTORY::GroupDataList m_listGroup;
     NS_DIRECTORY::ItemDataList m_listContact;
     NS_DIRECTORY::ContactLimits m_limits{};
