@@ -2,6 +2,8 @@
 //
 // With NSDIRECTORY_SCENARIOS=rewrite the files are written anew with what came.
 
+#include <set>
+
 #include "tests/support/scenario.h"
 
 namespace {
@@ -23,7 +25,9 @@ class ScenarioTest : public DirectoryTest
             const Texts& expected = bRewrites ? made.m_model : step.m_expected;
             strText += step.m_strBefore + ScenarioText(step.m_call, made.m_library);
             const std::string strDifference = DifferenceText(step.m_call, expected, made);
-            ASSERT_TRUE(strDifference.empty()) << m_strPath << ": " << strDifference;
+            if (!strDifference.empty()) {
+                FAIL() << std::filesystem::path(m_strPath).stem() << ": " << strDifference;
+            }
         }
         if (bRewrites) {
             WriteFile(m_strPath, strText);
@@ -35,14 +39,13 @@ class ScenarioTest : public DirectoryTest
 };
 
 const auto SCENARIOS = [] {
-    std::vector<testing::TestInfo*> tests;
-    for (const auto& file : std::filesystem::directory_iterator(SCENARIO_FOLDER)) {
-        const std::string strPath = file.path(), strName = file.path().stem();
-        tests.push_back(testing::RegisterTest(
-            "Scenario", strName.c_str(), nullptr, nullptr, __FILE__, __LINE__,
-            [strPath]() -> DirectoryTest* { return new ScenarioTest(strPath); }));
+    const std::filesystem::directory_iterator begin(SCENARIO_FOLDER), end;
+    const std::set<std::filesystem::path> paths(begin, end);
+    for (const std::filesystem::path& path : paths) {
+        testing::RegisterTest("Scenario", path.stem().c_str(), nullptr, nullptr, __FILE__, __LINE__,
+                              [path]() -> DirectoryTest* { return new ScenarioTest(path); });
     }
-    return tests;
+    return paths;
 }();
 
 }  // namespace

@@ -75,17 +75,11 @@ struct CDirectoryModel : CModelLists
     }
     int AddGroup(const ContactGroupData& data)
     {
-        if (IsGroupExist(data.m_strDisplayName)) {
-            return DIR_RET_GROUP_EXIST;
-        }
-        if (GroupCount() >= m_nMaxGroup) {
-            return DIR_RET_GROUP_FULL;
-        }
+        REFUSE_IF(IsGroupExist(data.m_strDisplayName), DIR_RET_GROUP_EXIST);
+        REFUSE_IF(GroupCount() >= m_nMaxGroup, DIR_RET_GROUP_FULL);
         const int nId = ++m_nLastId;  // used up even if the name is refused
         const int nTest = TestGroupName(data.m_strDisplayName, -1);
-        if (nTest < 0) {
-            return nTest;
-        }
+        REFUSE_IF(nTest < 0, nTest);
         const int nPlace =
             InsertGroup({nId, data.m_strDisplayName, data.m_strRing, nId <= GROUP_ID_BLACKLIST});
         WriteGroupsAndReload();
@@ -94,9 +88,7 @@ struct CDirectoryModel : CModelLists
     int UpdateGroupData(const String& strName, const ContactGroupData& data)
     {
         Group& group = FindGroup(strName);
-        if (group.m_nId < 0) {
-            return DIR_RET_INVALID;
-        }
+        REFUSE_IF(group.m_nId < 0, DIR_RET_INVALID);
         if (!(data.m_strDisplayName == strName)) {
             return RenameGroup(group, data);
         }
@@ -106,29 +98,16 @@ struct CDirectoryModel : CModelLists
         }
         return GroupPlace(group);
     }
-    int TestRename(const Group& group, const ContactGroupData& data)
-    {
-        const int nOthers =
-            IsFixed(group) ? GroupCount() : GroupCount() - 1;  // a fixed one returns
-        if (IsGroupExist(data.m_strDisplayName)) {
-            return DIR_RET_GROUP_EXIST;
-        }
-        if (nOthers >= m_nMaxGroup) {
-            return DIR_RET_GROUP_FULL;
-        }
-        const int nTest = TestGroupName(data.m_strDisplayName, group.m_nId);
-        const bool bFreesBlack = group.m_nId == GROUP_ID_BLACKLIST && BlackCount() > 0;
-        if (nTest == DIR_RET_OK && bFreesBlack && OrdinaryCount() + BlackCount() > m_nMaxContact) {
-            return DIR_RET_CONTACT_FULL;
-        }
-        return nTest;
-    }
     int RenameGroup(Group& group, const ContactGroupData& data)
     {
-        const int nTest = TestRename(group, data);
-        if (nTest < 0) {
-            return nTest;
-        }
+        REFUSE_IF(IsGroupExist(data.m_strDisplayName), DIR_RET_GROUP_EXIST);
+        const int nOthers = GroupCount() - (IsFixed(group) ? 0 : 1);  // a fixed group comes back
+        REFUSE_IF(nOthers >= m_nMaxGroup, DIR_RET_GROUP_FULL);
+        const int nTest = TestGroupName(data.m_strDisplayName, group.m_nId);
+        REFUSE_IF(nTest < 0, nTest);
+        const bool bFreesBlack = group.m_nId == GROUP_ID_BLACKLIST && BlackCount() > 0;
+        const int nAll = OrdinaryCount() + BlackCount();
+        REFUSE_IF(bFreesBlack && nAll > m_nMaxContact, DIR_RET_CONTACT_FULL);
         group = {group.m_nId, data.m_strDisplayName, data.m_strRing, IsFixed(group)};
         WriteContacts();
         const Group renamed = group;
@@ -140,12 +119,8 @@ struct CDirectoryModel : CModelLists
     int RemoveGroup(const String& strName)
     {
         const Group& group = FindGroup(strName);
-        if (group.m_nId < 0) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
-        if (IsFixed(group)) {
-            return DIR_RET_GROUP_READ_ONLY;
-        }
+        REFUSE_IF(group.m_nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        REFUSE_IF(IsFixed(group), DIR_RET_GROUP_READ_ONLY);
         MoveAll(group.m_nId);
         WriteContacts();  // once more, even if nobody was in it
         m_groups.erase(m_groups.begin() + GroupPlace(group));
@@ -154,9 +129,7 @@ struct CDirectoryModel : CModelLists
     }
     int RemoveAllGroup()
     {
-        if (GroupCount() <= 2) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
+        REFUSE_IF(GroupCount() <= 2, DIR_RET_GROUP_NOT_FOUND);
         for (; GroupCount() > 2; m_groups.erase(m_groups.begin() + 2)) {
             MoveAll(m_groups[2].m_nId);
         }
@@ -201,9 +174,7 @@ struct CDirectoryModel : CModelLists
     int AddBlackContact(const Contact& data) { return AddContactById(GROUP_ID_BLACKLIST, data); }
     int AddContactById(int nId, const Contact& data)
     {
-        if (FindGroup(nId).m_nId < 0) {
-            return DIR_RET_GROUP_ID_FAIL;
-        }
+        REFUSE_IF(FindGroup(nId).m_nId < 0, DIR_RET_GROUP_ID_FAIL);
         const int nRoom = TestRoom(nId, 1);
         return nRoom < 0 ? nRoom : Put({Crossed(data, {}), nId, ""}, nullptr);
     }
@@ -211,9 +182,7 @@ struct CDirectoryModel : CModelLists
     int Put(const Item& item, const Item* pOld)
     {
         const int nTest = TestItemName(item.m_strDisplayName, pOld);
-        if (nTest < 0) {
-            return nTest;
-        }
+        REFUSE_IF(nTest < 0, nTest);
         if (pOld != nullptr) {
             m_items.erase(m_items.begin() + (pOld - m_items.data()));
         }
@@ -226,23 +195,13 @@ struct CDirectoryModel : CModelLists
         Item& item = FindItem(strName);
         const int nId = FindGroup(data.m_strGroupName).m_nId;
         const bool bRename = !(data.m_strDisplayName == strName);
-        if (strName.empty()) {
-            return DIR_RET_EMPTY_KEY;
-        }
-        if (item.m_nGroupId < 0) {
-            return DIR_RET_CONTACT_NOT_FOUND;
-        }
-        if (nId < 0) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
-        if (bRename && IsContactExist(data.m_strDisplayName)) {
-            return DIR_RET_CONTACT_EXIST;
-        }
+        REFUSE_IF(strName.empty(), DIR_RET_EMPTY_KEY);
+        REFUSE_IF(item.m_nGroupId < 0, DIR_RET_CONTACT_NOT_FOUND);
+        REFUSE_IF(nId < 0, DIR_RET_GROUP_NOT_FOUND);
+        REFUSE_IF(bRename && IsContactExist(data.m_strDisplayName), DIR_RET_CONTACT_EXIST);
         const bool bCrosses = IsBlack(item) != (nId == GROUP_ID_BLACKLIST);
         const int nRoom = TestRoom(nId, bCrosses ? 1 : 0);
-        if (nRoom < 0 && (bRename || bCrosses)) {
-            return nRoom;
-        }
+        REFUSE_IF(nRoom < 0 && (bRename || bCrosses), nRoom);
         const String strKept = item.m_nGroupId == nId ? item.m_strKept : "";
         if (bRename) {
             return Put({Crossed(data, {}), nId, strKept}, &item);
@@ -253,11 +212,9 @@ struct CDirectoryModel : CModelLists
     {
         const int nCount =
             CountIn(item.m_nGroupId, static_cast<std::size_t>(&old - m_items.data()) + 1);
-        Item before = std::exchange(old, item);
-        before.m_strGroupName = item.m_strGroupName;
-        const bool bSame = before.m_nGroupId == item.m_nGroupId &&
-                           EntryOf(before).m_values == EntryOf(item).m_values;
-        if (!bSame) {
+        const Entries before = AllEntries();
+        old = item;
+        if (!Changes(before, AllEntries()).empty()) {
             WriteContacts();
         }
         return nCount;
@@ -320,9 +277,7 @@ struct CDirectoryModel : CModelLists
     int IsListCanMove(List& names, const String& strGroup)
     {
         const int nId = FindGroup(strGroup).m_nId;
-        if (nId < 0) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
+        REFUSE_IF(nId < 0, DIR_RET_GROUP_NOT_FOUND);
         const auto nCrossing = std::count_if(m_items.begin(), m_items.end(), [&](auto& item) {
             return IsNamed(names, item) && IsBlack(item) != (nId == GROUP_ID_BLACKLIST);
         });
@@ -346,12 +301,8 @@ struct CDirectoryModel : CModelLists
     }
     int SetContactGroupId(const String& strName, int nId)
     {
-        if (!IsContactExist(strName)) {
-            return DIR_RET_CONTACT_NOT_FOUND;
-        }
-        if (FindGroup(nId).m_nId < 0) {
-            return DIR_RET_GROUP_NOT_FOUND;
-        }
+        REFUSE_IF(!IsContactExist(strName), DIR_RET_CONTACT_NOT_FOUND);
+        REFUSE_IF(FindGroup(nId).m_nId < 0, DIR_RET_GROUP_NOT_FOUND);
         Move(nId, [&](auto& item) { return item.m_strDisplayName == strName; });
         return DIR_RET_OK;
     }
@@ -362,9 +313,7 @@ struct CDirectoryModel : CModelLists
     }
     int Local2Black(const String& strName)
     {
-        if (BlackCount() == m_nMaxBlack) {
-            return DIR_RET_BLACK_FULL;
-        }
+        REFUSE_IF(BlackCount() == m_nMaxBlack, DIR_RET_BLACK_FULL);
         return IsBlack(FindItem(strName)) ? DIR_RET_ALREADY_BLACK
                                           : SetContactGroupId(strName, GROUP_ID_BLACKLIST);
     }
@@ -373,9 +322,7 @@ struct CDirectoryModel : CModelLists
 
     int SetDefaultPhoto(const char* pPhoto)
     {
-        if (pPhoto == nullptr) {
-            return DIR_RET_NULL_ARGUMENT;
-        }
+        REFUSE_IF(pPhoto == nullptr, DIR_RET_NULL_ARGUMENT);
         for (Item& item : m_items) {
             if (item.m_strDefaultPhoto == pPhoto) {
                 item.m_strDefaultPhoto = "Default:default_contact_image.png";

@@ -11,6 +11,10 @@
 
 #include "tests/support/directory_test.h"
 
+#define REFUSE_IF(bHolds, nCode) \
+    if (bHolds)                  \
+    return nCode
+
 struct CModelLists
 {
     std::vector<Group> m_groups;
@@ -130,9 +134,7 @@ struct CModelLists
     }
     int TestGroupName(const String& strName, int nExceptId)
     {
-        if (strName.empty()) {
-            return DIR_RET_INVALID;
-        }
+        REFUSE_IF(strName.empty(), DIR_RET_INVALID);
         const Group& alike = Find(m_groups, [&](auto& group) {
             return !IsFixed(group) && group.m_nId != nExceptId && Compare(group, strName) == 0;
         });

@@ -354,7 +354,8 @@ CReplay::CReplay()
 StepData CReplay::Make(CallData call)
 {
     if (call.Name() == "ChangeContact") {  // of two values of a name the first counts
-        const std::string strName = NameText("contact", CArguments(call).Text("contact"));
+        const std::string strName =
+            "contact" + Attribute("name", CArguments(call).Text("contact").c_str());
         for (const Entry& entry : m_entries) {
             call.m_strLine += entry.m_strName == strName ? entry.Text().substr(7) : "";
         }

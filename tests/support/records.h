@@ -144,51 +144,49 @@ inline Item ItemOf(const Manager::ItemData& c)
     return {data, c.m_nGroupId, c.m_strKeptGroupName};
 }
 
+// What a scenario shows of it; nothing of a value that is empty or 0.
 struct Entry
 {
-    std::string m_strName;  // with its kind
-    std::vector<std::pair<const char*, std::string>> m_values = {};
+    std::string m_strName, m_strValues;  // the name with the kind
 
-    // Its values that are neither empty nor 0, or that differ from before.
-    std::string Text(const Entry* pBefore = nullptr) const
-    {
-        std::string strText = m_strName;
-        for (std::size_t n = 0; n < m_values.size(); ++n) {
-            const auto& [pName, strValue] = m_values[n];
-            const bool bShown = pBefore != nullptr ? pBefore->m_values[n].second != strValue
-                                                   : !strValue.empty() && strValue != "0";
-            strText += bShown ? Attribute(pName, strValue) : "";
-        }
-        return strText;
-    }
+    std::string Text() const { return m_strName + m_strValues; }
 };
 using Entries = std::vector<Entry>;
 
-inline std::string NameText(const char* pKind, const String& strName)
+inline std::string Shown(const char* pName, const String& strValue)
 {
-    return pKind + Attribute("name", strName.c_str());
+    return strValue.empty() ? "" : Attribute(pName, strValue.c_str());
+}
+inline std::string Shown(const char* pName, int nValue)
+{
+    return nValue == 0 ? "" : Attribute(pName, std::to_string(nValue));
+}
+template <class TRecord>
+std::string NameOf(const char* pKind, const TRecord& record)
+{
+    return pKind + Attribute("name", record.m_strDisplayName.c_str());
 }
 inline Entry EntryOf(const Group& g)
 {
-    return {NameText("group", g.m_strDisplayName),
-            {{"id", std::to_string(g.m_nId)},
-             {"ring", g.m_strRing.c_str()},
-             {"read_only", std::to_string(g.m_bReadOnly)}}};
+    return {NameOf("group", g),
+            Shown("id", g.m_nId) + Shown("ring", g.m_strRing) + Shown("read_only", g.m_bReadOnly)};
 }
 inline Entry EntryOf(const ContactGroupData& g)
 {
-    return {NameText("group", g.m_strDisplayName), {{"ring", g.m_strRing.c_str()}}};
+    return {NameOf("group", g), Shown("ring", g.m_strRing)};
 }
 inline Entry EntryOf(const ContactGroupSimpleData& g)
 {
-    return {NameText("group", g.m_strDisplayName), {{"id", std::to_string(g.m_nId)}}};
+    return {NameOf("group", g), Shown("id", g.m_nId)};
 }
 inline Entry EntryOf(const Contact& c)
 {
-    Entry entry{NameText("contact", c.m_strDisplayName)};
+    Entry entry{NameOf("contact", c), ""};
     for (const Field& field : Fields()) {
-        if (field.m_pText != &Contact::m_strDisplayName) {
-            entry.m_values.emplace_back(field.m_pWord, ValueOf(c, field));
+        if (field.m_pText == nullptr) {
+            entry.m_strValues += Shown(field.m_pWord, c.*field.m_pNumber);
+        } else if (field.m_pText != &Contact::m_strDisplayName) {
+            entry.m_strValues += Shown(field.m_pWord, c.*field.m_pText);
         }
     }
     return entry;
@@ -208,29 +206,28 @@ inline Entries EntriesOf(const std::vector<Group>& groups, const std::vector<Ite
         item.m_strGroupName =
             bMissing ? Joined("no group ", item.m_nGroupId).c_str() : names[item.m_nGroupId];
         entries.push_back(EntryOf(item));
-        entries.back().m_values.emplace_back("keeps", item.m_strKept.c_str());
+        entries.back().m_strValues += Shown("keeps", item.m_strKept);
     }
     return entries;
 }
 
-// "+ " who is new, "~ " who has changed and how, "- " who is gone; of many the first.
+// "+ " who is new, "~ " who has changed, "- " who is gone; of many the first.
 inline Texts Changes(const Entries& before, const Entries& after)
 {
-    std::map<std::string, const Entry*> gone;
+    std::map<std::string, std::string> old;
     for (const Entry& entry : before) {
-        gone[entry.m_strName] = &entry;
+        old[entry.m_strName] = entry.m_strValues;
     }
     Texts added{"+ "}, changed{"~ "}, removed{"- "};
     for (const Entry& entry : after) {
-        const auto pos = gone.find(entry.m_strName);
-        if (pos == gone.end()) {
+        if (old.count(entry.m_strName) == 0) {
             added.push_back(entry.Text());
-        } else if (pos->second->m_values != entry.m_values) {
-            changed.push_back(entry.Text(pos->second));
+        } else if (old[entry.m_strName] != entry.m_strValues) {
+            changed.push_back(entry.Text());
         }
-        gone.erase(entry.m_strName);
+        old.erase(entry.m_strName);
     }
-    for (const auto& [strName, pEntry] : gone) {
+    for (const auto& [strName, strValues] : old) {
         removed.push_back(strName);
     }
     constexpr std::size_t MANY = 6;

@@ -46,11 +46,24 @@ std::vector<ScenarioStep> ReadScenario(const std::string& strPath)
 std::string DifferenceText(const CallData& call, const Texts& expected, const StepData& step)
 {
     std::string strText;
+    // Of two lines alike at the start, what follows the last comma before they differ.
     const auto addMissing = [&](const char* pMark, const Texts& from, const Texts& in) {
         for (const std::string& strLine : from) {
-            if (std::find(in.begin(), in.end(), strLine) == in.end()) {
-                strText += pMark + strLine + '\n';
+            if (std::find(in.begin(), in.end(), strLine) != in.end()) {
+                continue;
             }
+            const auto isAlike = [&](auto& other) {
+                return other.compare(0, 2, strLine, 0, 2) == 0;
+            };
+            const auto alike = std::find_if(in.begin(), in.end(), isAlike);
+            const std::string strOther = alike == in.end() ? "" : *alike;
+            const auto pos =
+                std::mismatch(strLine.begin(), strLine.end(), strOther.begin(), strOther.end());
+            const auto nComma =
+                strLine.rfind(", ", static_cast<std::size_t>(pos.first - strLine.begin()));
+            const bool bWhole = nComma == std::string::npos || strLine.size() < 100;
+            strText +=
+                pMark + (bWhole ? strLine : "..." + strLine.substr(nComma)).substr(0, 200) + '\n';
         }
     };
     addMissing("    expected: ", expected, step.m_library);
