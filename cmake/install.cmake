@@ -114,7 +114,7 @@ two files, and the companion that guards its edits against power cuts and full d
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnsdirectory-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libnsdirectory${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libpugixml-dev (>= 1.13), zlib1g-dev")
+  "libnsdirectory${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libpugixml-dev (>= 1.13)")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
   "What a host is built with: headers, the static libraries, a workstation's device
 services, CMake package, pkg-config files and pretty printers for gdb.")

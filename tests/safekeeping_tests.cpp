@@ -42,34 +42,6 @@ int AddAnother(Manager& m)
     return m.AddContact("Family", ContactRow("Dora"));
 }
 
-TEST_F(SafeCopyTest, AGuardedEditIsTheBareEditAndTheCopyFollows)
-{
-    const std::vector<std::pair<const char*, int (*)(Manager&)>> edits{
-        {"add", AddAnother},
-        {"refused", [](Manager& m) { return m.AddContact("Nobody", ContactRow("Eve")); }},
-        {"nothing", [](Manager& m) { return m.GetCurrentContactCount(); }},
-        {"group", [](Manager& m) { return m.AddGroup(GroupRow("Delta")); }},
-        {"ring",
-         [](Manager& m) { return m.UpdateGroupData("Blacklist", GroupRow("Blacklist", "x")); }},
-        {"rename", [](Manager& m) { return m.UpdateGroupData("Family", GroupRow("Zulu")); }},
-        {"remove", [](Manager& m) { return m.RemoveGroup("Company"); }},
-        {"several", [](Manager& m) { return m.RemoveAllContacts(0) + m.RemoveAllGroup(); }}};
-    StartSmall();
-    std::vector<std::pair<int, std::string>> bare;
-    for (const auto& [pName, edit] : edits) {
-        bare.emplace_back(edit(Directory()), "");
-        bare.back().second = State();
-    }
-    StartSmall();
-    for (std::size_t n = 0; n < edits.size(); ++n) {
-        SCOPED_TRACE(edits[n].first);
-        EXPECT_EQ(m_safe.Edit(edits[n].second), bare[n].first);
-        EXPECT_EQ(State(), bare[n].second);
-        EXPECT_EQ(Copies(), Files());
-        EXPECT_FALSE(fs::exists(MARK));
-    }
-}
-
 TEST_F(SafeCopyTest, OnANewDevice)
 {
     EXPECT_EQ(m_safe.Restore(), 0);
@@ -79,6 +51,8 @@ TEST_F(SafeCopyTest, OnANewDevice)
         EXPECT_FALSE(fs::exists(CONTACT_FILE)) << "as without the guard";
     }
     EXPECT_EQ(m_safe.Edit(AddAnother), 0);
+    EXPECT_EQ(Copies(), Files()) << "the copy follows";
+    EXPECT_FALSE(fs::exists(MARK));
     WriteFile(CONTACT_FILE, "<root_con");
     EXPECT_EQ(m_safe.Restore(), 1);
     Restart();

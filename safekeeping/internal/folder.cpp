@@ -6,7 +6,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -89,8 +88,7 @@ bool ReadPieces(int nFile, TTake take)
 
 void AddPiece(FileData& data, const char* pPiece, std::size_t nSize)
 {
-    const auto* pBytes = reinterpret_cast<const Bytef*>(pPiece);
-    data.m_nChecksum = crc32(data.m_nChecksum, pBytes, static_cast<uInt>(nSize));
+    data.m_nChecksum = AddToChecksum(data.m_nChecksum, pPiece, nSize);
     data.m_nSize += nSize;
 }
 

@@ -8,6 +8,8 @@
 
 #include <cstddef>
 
+#include "safekeeping/internal/checksum.h"
+
 namespace NS_DIRECTORY {
 
 // A file as it was met: what tells its content from another, and who may read it.
@@ -15,7 +17,7 @@ struct FileData
 {
     bool m_bPresent = false;
     unsigned long long m_nSize = 0;
-    unsigned long m_nChecksum = 0;  // CRC-32
+    std::uint32_t m_nChecksum = CHECKSUM_BEGIN;
     mode_t m_nRights = 0;
     uid_t m_nOwner = 0;
     gid_t m_nGroup = 0;

@@ -3,8 +3,7 @@
 
 #include "safekeeping/internal/manifest.h"
 
-#include <zlib.h>
-
+#include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -25,13 +24,13 @@ std::size_t ToText(const ManifestData& manifest, char (&arrText)[MOST_TEXT])
     for (int n = 0; n < SAFE_FILE_COUNT; ++n) {
         const FileData& file = manifest.m_arrFile[n];
         nSize += std::snprintf(arrText + nSize, MOST_TEXT - static_cast<std::size_t>(nSize),
-                               "%s %d %llu %08lx\n", FILE_TITLES[n], file.m_bPresent ? 1 : 0,
-                               file.m_nSize, file.m_nChecksum);
+                               "%s %d %llu %08" PRIx32 "\n", FILE_TITLES[n],
+                               file.m_bPresent ? 1 : 0, file.m_nSize, file.m_nChecksum);
     }
-    const unsigned long nChecksum =
-        crc32(0, reinterpret_cast<const Bytef*>(arrText), static_cast<uInt>(nSize));
+    const std::uint32_t nChecksum =
+        AddToChecksum(CHECKSUM_BEGIN, arrText, static_cast<std::size_t>(nSize));
     nSize += std::snprintf(arrText + nSize, MOST_TEXT - static_cast<std::size_t>(nSize),
-                           "checksum %08lx\n", nChecksum);
+                           "checksum %08" PRIx32 "\n", nChecksum);
     return static_cast<std::size_t>(nSize);
 }
 
@@ -48,7 +47,7 @@ void TakeNumbers(const char* pText, ManifestData& manifest)
         char* pNext = nullptr;
         file.m_bPresent = std::strtol(pLine + std::strlen(FILE_TITLES[n]), &pNext, DECIMAL) == 1;
         file.m_nSize = std::strtoull(pNext, &pNext, DECIMAL);
-        file.m_nChecksum = std::strtoul(pNext, nullptr, HEXADECIMAL);
+        file.m_nChecksum = static_cast<std::uint32_t>(std::strtoul(pNext, nullptr, HEXADECIMAL));
     }
 }
 

@@ -119,7 +119,7 @@ inline std::string Attribute(const char* pName, const std::string& strValue)
         {'&', "&amp;"}, {'<', "&lt;"}, {'"', "&quot;"}};
     std::string strText = Joined(' ', pName, "=\"");
     for (const char c : strValue) {
-        if (c >= '\0' && c < ' ') {
+        if (static_cast<unsigned char>(c) < ' ') {
             strText += Joined("&#", c / 10, c % 10, ';');
         } else {
             strText += ESCAPES.count(c) == 0 ? std::string(1, c) : ESCAPES.at(c);
