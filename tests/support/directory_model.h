@@ -1,6 +1,6 @@
 // A plain model of the directory: what each public operation answers, changes and writes, on the
-// files and lists of model_lists.h. Pages, records and rings are left to the scenarios, and so is a
-// directory that takes no changes.
+// files and lists of model_lists.h. Most questions are left to the scenarios, and so is a directory
+// that takes no changes.
 
 #ifndef NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
 #define NSDIRECTORY_TESTS_SUPPORT_DIRECTORY_MODEL_H
@@ -22,32 +22,13 @@ struct CDirectoryModel : CModelLists
         ReloadContactXml();
     }
 
-    // -- Limits and counts ------------------------------------------------------------------------
-
-    int GetMaxGroupCount() { return m_nMaxGroup; }
-    int GetMaxContactCount() { return m_nMaxContact; }
-    int GetMaxBlackCount() { return m_nMaxBlack; }
     int SetMaxGroupCount(int nMax) { return std::exchange(m_nMaxGroup, nMax); }
     int SetMaxContactCount(int nMax) { return std::exchange(m_nMaxContact, nMax); }
     int SetMaxBlackCount(int nMax) { return std::exchange(m_nMaxBlack, nMax); }
-    int GetCurrentGroupCount() { return GroupCount(); }
-    int GetCurrentContactCount() { return OrdinaryCount(); }
-    int GetCurrentBlackCount() { return BlackCount(); }
-    int ReloadGroupAndItemByHttp() { return 0; }
-    bool IsReloadGroupAndItemByHttp() { return false; }
-    int SaveGroupToXml() { return DIR_RET_OK; }
-    int SaveContactToXml() { return DIR_RET_OK; }
 
-    // -- Group queries ----------------------------------------------------------------------------
+    // -- Groups -----------------------------------------------------------------------------------
 
-    bool IsBlacklistIndex(int nIndex) { return nIndex == GroupCount() - 1; }
     bool IsGroupExist(const String& strName) { return FindGroup(strName).m_nId >= 0; }
-    int GetGroupIdByGroupName(const String& strName) { return FindGroup(strName).m_nId; }
-    int GetGIdByGName(const String& strName) { return FindGroup(strName).m_nId; }
-    void GetBlacklistGroupName(String& strName) { strName = FindGroup(1).m_strDisplayName; }
-
-    // -- Group file and editing -------------------------------------------------------------------
-
     int CreateContactGroupList(const String& strPath)
     {
         WriteDefaults(strPath.c_str());
@@ -137,14 +118,11 @@ struct CDirectoryModel : CModelLists
         return DIR_RET_OK;
     }
 
-    // -- Contact queries --------------------------------------------------------------------------
+    // -- Contacts ---------------------------------------------------------------------------------
 
     bool IsContactExist(const String& strName) { return FindItem(strName).m_nGroupId >= 0; }
-    int GetContactGroupId(const String& strName) { return FindItem(strName).m_nGroupId; }
     String GetContactNameByPhoneNumber(const char* p) { return FindNumber(p).m_strDisplayName; }
     bool IsBlackContactNumber(const char* pNumber) { return IsBlack(FindNumber(pNumber)); }
-
-    // -- Contact file and editing -----------------------------------------------------------------
 
     // What is held needs no new slot, nor does who returns to the blacklist. Without groups all
     // stand on one side, and both limits are one.

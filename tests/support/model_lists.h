@@ -98,6 +98,7 @@ struct CModelLists
             return !strName.empty() && item.m_strDisplayName == strName;
         });
     }
+
     Item& FindNumber(const String& strNumber)
     {
         return Find(m_items, [&](auto& item) {

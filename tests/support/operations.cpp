@@ -162,25 +162,29 @@ std::string PathOf(const CArguments& c)
     const std::string strName = c.Text("file").c_str();
     return FILES.count(strName) == 0 ? strName : FILES.at(strName);
 }
-// As a save would write them.
+// As a save would write them; without a group in the block the default groups stay.
 Texts WriteBothFiles(const CArguments& c)
 {
     GroupRows groups;
     std::vector<Contact> contacts;
     for (const std::string& strLine : Split(c.File(), '\n')) {
-        const CArguments entry(CallData{strLine});
-        const int nMany = entry.Number("many");
-        for (int n = 0; n < std::max(nMany, 1); ++n) {
-            Contact data = entry.Record();
-            data.m_strDisplayName.append(nMany == 0 ? "" : std::to_string(1001 + n).c_str());
-            if (CallData{strLine}.Name() == "group") {
-                groups.emplace_back(data.m_strDisplayName.c_str(), data.m_strRing.c_str());
-            } else {
-                contacts.push_back(data);
+        CArguments entry(CallData{strLine});
+        for (const std::string& strName :
+             TextsOf(entry.List("name"), [](auto& str) { return str.c_str(); })) {
+            for (int n = 0; n < entry.Number("many", 1); ++n) {
+                Contact data = entry.Record();
+                data.m_strDisplayName =
+                    (strName + (entry.Has("many") ? std::to_string(1001 + n) : "")).c_str();
+                if (CallData{strLine}.Name() == "group") {
+                    groups.emplace_back(data.m_strDisplayName.c_str(), data.m_strRing.c_str());
+                } else {
+                    contacts.push_back(data);
+                }
             }
         }
     }
-    WriteFile(GROUP_FILE, GroupFile(groups));
+    WriteFile(GROUP_FILE,
+              GroupFile(groups.empty() ? GroupRows{{"Company"}, {"Family"}, {"Friend"}} : groups));
     WriteFile(CONTACT_FILE, DECLARATION + ContactRoot(contacts, false));
     return Scene::Restart(DirectoryTest::Directory());
 }
@@ -224,12 +228,12 @@ const std::vector<OperationData> OPERATIONS{
     ASK(SetMaxGroupCount, 4, "max=limit", (c.Number("max"))),
     ASK(SetMaxContactCount, 4, "max=limit", (c.Number("max"))),
     ASK(SetMaxBlackCount, 4, "max=limit", (c.Number("max"))),
-    ASK(GetMaxGroupCount, 1, "", ()),
-    ASK(GetMaxContactCount, 1, "", ()),
-    ASK(GetMaxBlackCount, 1, "", ()),
-    ASK(GetCurrentGroupCount, 1, "", ()),
-    ASK(GetCurrentContactCount, 1, "", ()),
-    ASK(GetCurrentBlackCount, 1, "", ()),
+    READ(GetMaxGroupCount, "", ()),
+    READ(GetMaxContactCount, "", ()),
+    READ(GetMaxBlackCount, "", ()),
+    READ(GetCurrentGroupCount, "", ()),
+    READ(GetCurrentContactCount, "", ()),
+    READ(GetCurrentBlackCount, "", ()),
     READ(IsReloadGroupAndItemByHttp, "", ()),
     READ(ReloadGroupAndItemByHttp, "", ()),
     READ(SaveGroupToXml, "", ()),
@@ -238,9 +242,9 @@ const std::vector<OperationData> OPERATIONS{
     READ(IsBlacklistIndex, "index=id", (c.Number("index"))),
     READ(GetGroupIndexByName, "group", (c.Pointer("group"))),
     READ(GetGroupNameByIndex, "index=id", (c.Number("index"), c.m_strOut)),
-    ASK(GetGroupIdByGroupName, 1, "group", (c.Text("group"))),
-    ASK(GetGIdByGName, 1, "group", (c.Text("group"))),
-    ASK(IsGroupExist, 1, "group", (c.Text("group"))),
+    READ(GetGroupIdByGroupName, "group", (c.Text("group"))),
+    READ(GetGIdByGName, "group", (c.Text("group"))),
+    READ(IsGroupExist, "group", (c.Text("group"))),
     LIBRARY(GetBlacklistGroupName, 1, "", (d.GetBlacklistGroupName(c.m_strOut), Texts{""})),
     FILL(GetGroupSimpleList, ContactGroupSimpleListData, "from=id count=id", (p)),
     FILL(GetGroupList, ContactGroupListData, "from=id count=id", (p, c.Has("black"))),
@@ -252,8 +256,8 @@ const std::vector<OperationData> OPERATIONS{
     CHANGE(RemoveGroup, 4, "group", (c.Text("group"))),
     CHANGE(RemoveAllGroup, 1, "", ()),
 
-    ASK(IsContactExist, 1, "contact", (c.Text("contact"))),
-    ASK(GetContactGroupId, 1, "contact", (c.Text("contact"))),
+    READ(IsContactExist, "contact", (c.Text("contact"))),
+    READ(GetContactGroupId, "contact", (c.Text("contact"))),
     CHANGE(ReloadContactXml, 4, "", ()),
     CHANGE(AddContact, 20, RECORD, (c.Text("group"), c.Record())),
     CHANGE(AddContactById, 14, "id " RECORD, (c.Number("id"), c.Record())),

@@ -8,8 +8,8 @@
 // Arguments have names and the escapes of XML; a pointer that is left out is null. A scenario
 // begins on the five default groups. Besides the operations of the directory, some set the scene:
 //
-//   Start                      over files with the groups and contacts below it; many="9" makes
-//                              nine, with numbers behind their names
+//   Start                      over files with the groups and contacts below it, by default the
+//                              default groups; many="9" makes nine, with numbers in their names
 //   Restart                    over the files that lie there
 //   WriteFile file="contact"   puts the text below it into that file, as RemoveFile removes it and
 //                              ShowFile shows it: contact, group, export or a path
