@@ -57,22 +57,23 @@ class CDiskStates
     // end: then false, and a part of it.
     bool Collect(std::set<Files>& states) const
     {
-        constexpr std::size_t MOST = 5000;
+        constexpr std::size_t MOST = 20000;
         bool bAll = true;
         for (const Entries& entries : Layouts()) {
             std::vector<Files> partial(1);
             for (const auto& [strPath, pNode] : entries) {
                 std::vector<Files> more;
                 for (const std::string& strContent : Contents(*pNode)) {
-                    for (const Files& files : partial) {
-                        more.emplace_back(files)[strPath] = strContent;
+                    for (std::size_t n = 0; n < partial.size() && more.size() < MOST; ++n) {
+                        more.emplace_back(partial[n])[strPath] = strContent;
                     }
                 }
-                bAll = bAll && more.size() <= MOST;
-                more.resize(std::min(more.size(), MOST));
                 partial.swap(more);
             }
-            states.insert(partial.begin(), partial.end());
+            bAll = bAll && partial.size() + states.size() < MOST;
+            if (bAll) {
+                states.insert(partial.begin(), partial.end());
+            }
         }
         return bAll;
     }
