@@ -1,6 +1,6 @@
-# Builds for armhf on a Debian machine. scripts/packages-armhf installs the compiler, the libraries
-# that live beside those of the machine under /usr/lib/arm-linux-gnueabihf, and the emulator that
-# runs what is built.
+# Builds for armhf on a Debian machine. scripts/build installs the compiler, the libraries that live
+# beside those of the machine under /usr/lib/arm-linux-gnueabihf, and the emulator that runs what is
+# built.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
 
