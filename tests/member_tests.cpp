@@ -74,6 +74,9 @@ TEST_F(MemberTest, GroupsBehindThePublicCalls)
     EXPECT_EQ(directory.MyAddGroup(GroupRow("Work"), 7), 3) << "an id that is free";
     EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Family 2", "Work 3"}));
     EXPECT_EQ(directory.AddContactById(2, ContactRow("Anna")), 0);
+    EXPECT_EQ(directory.AddContactById(0, ContactRow("Bob")), 1);
+    EXPECT_EQ(directory.MyGetContactCountByGroupId(2), 1);
+    EXPECT_EQ(directory.MyGetContactCountByGroupId(0), 2);
     ExpectQuiet(1, [](Manager& m) { return m.MyUpdateAllContactGroupId(2, 2); });
     directory.m_nBlackCount = 7;  // wrong on purpose
     EXPECT_TRUE(directory.MyClearContactList() && directory.MyClearGroupList());

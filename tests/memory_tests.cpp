@@ -180,7 +180,7 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
         rows.emplace_back("c" + std::to_string(n), "Family");
     }
     g_device.m_bTakesNotes = false;
-    for (const int nFailing : {1, 3, 4}) {  // the groups, the contacts, all but part of them
+    for (const int nFailing : {1, 3, 5}) {  // the groups, the contacts, all but part of them
         Start({{"Club"}, {"Company"}, {"Family"}}, rows);
         FileCalls calls;
         calls.Fail(FileCalls::XML_MEMORY, nFailing);
