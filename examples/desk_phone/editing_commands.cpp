@@ -28,6 +28,18 @@ NameList ToNameList(Words::const_iterator pos, Words::const_iterator end)
     return names;
 }
 
+void RequireName(const std::string& strName)
+{
+    if (strName.empty()) {
+        throw CWrongInput("An empty name is not taken: no lookup would find it.");
+    }
+}
+
+bool IsFixed(int nGroupId)
+{
+    return nGroupId == NS_DIRECTORY::GROUP_ID_ALL || nGroupId == NS_DIRECTORY::GROUP_ID_BLACKLIST;
+}
+
 // The group of that name as it is; an empty one where there is none.
 ContactGroupData ReadGroup(const PhoneData& phone, const std::string& strName)
 {
@@ -46,18 +58,24 @@ void AddContact(PhoneData& phone, const Words& words)
     // Without any groups the name stays empty, and the add is refused.
     (void)phone.m_directory.GetGroupNameByIndex(0, contact.m_strGroupName);
     TakeFields(words, 2, contact);
+    RequireName(contact.m_strDisplayName.c_str());
     const int nResult = Edit(phone, [&](auto& directory) {
         return directory.AddContact(contact.m_strGroupName, contact);
     });
-    PrintResult(nResult, COUNTER, words[1] + " is added to " + contact.m_strGroupName.c_str());
+    PrintResult(nResult, COUNTER,
+                std::string(contact.m_strDisplayName.c_str()) + " is added to " +
+                    contact.m_strGroupName.c_str());
 }
 
 void UpdateContact(PhoneData& phone, const Words& words)
 {
     ContactGeneralItemData contact;
     // A contact that is not there is refused by the update itself.
-    (void)phone.m_directory.GetContactDataByName(&contact, ToText(words[1]));
+    const int nFound = phone.m_directory.GetContactDataByName(&contact, ToText(words[1]));
     TakeFields(words, 2, contact);
+    if (nFound == NS_DIRECTORY::DIR_RET_OK) {
+        RequireName(contact.m_strDisplayName.c_str());
+    }
     const int nResult = Edit(phone, [&](auto& directory) {
         return directory.UpdateContactData(ToText(words[1]), contact);
     });
@@ -127,6 +145,7 @@ void Unblock(PhoneData& phone, const Words& words)
 
 void AddGroup(PhoneData& phone, const Words& words)
 {
+    RequireName(words[1]);
     ContactGroupData group;
     group.m_strDisplayName = ToText(words[1]);
     group.m_strRing = ToText(words.size() > 2 ? words[2] : "");
@@ -136,6 +155,10 @@ void AddGroup(PhoneData& phone, const Words& words)
 
 void RenameGroup(PhoneData& phone, const Words& words)
 {
+    RequireName(words[2]);
+    if (IsFixed(phone.m_directory.GetGroupIdByGroupName(ToText(words[1])))) {
+        throw CWrongInput(words[1] + " is a fixed group and keeps its name.");
+    }
     ContactGroupData group = ReadGroup(phone, words[1]);
     group.m_strDisplayName = ToText(words[2]);
     const int nResult = Edit(

@@ -1,9 +1,9 @@
 // desk_phone: a terminal program that stands in for a telephone. It starts the directory on a
-// folder of its own and takes commands from a prompt, from a pipe or from a script. With a folder
-// for safe copies all its edits are guarded.
+// folder of its own and takes commands from a prompt, from a pipe or from a script. Safe copies
+// guard all its edits.
 //
-// Exit status: 1 if a line of a script or a pipe was wrong, 2 if the program cannot start, a script
-// cannot be read or the output cannot be written.
+// Exit status: 1 if a line of a script or a pipe was wrong or the disk did not take an edit, 2 if
+// the program cannot start, a script cannot be read or the output cannot be written.
 
 #include <unistd.h>
 
@@ -48,8 +48,7 @@ void Restore(CSafeCopy& safe)
             desk_phone::PrintText("A file is broken, and there is no whole copy of it.");
             break;
         case NS_DIRECTORY::SAFE_RET_NOT_UNDONE:
-            desk_phone::PrintText("A file is broken, and its copy cannot be put back now.");
-            break;
+            throw std::runtime_error("a file is broken, and its copy cannot be put back now");
         default:
             break;
     }
@@ -93,7 +92,7 @@ void RunInput(PhoneData& phone, std::ifstream& script, const std::string& strScr
 struct OptionsData
 {
     std::string m_strFolder = "desk_phone_data";
-    std::string m_strSafeCopy;  // counts from that folder; empty for bare edits
+    std::string m_strSafeCopy = "copies";  // counts from that folder
     std::string m_strScript;
 };
 
@@ -105,21 +104,18 @@ int Run(const OptionsData& options)
         script = OpenScript(strScript);
     }
     EnterFolder(options.m_strFolder);
+    std::filesystem::create_directories(options.m_strSafeCopy);
     CSafeCopy safe(options.m_strSafeCopy.c_str());
-    const bool bGuarded = !options.m_strSafeCopy.empty();
-    if (bGuarded) {
-        std::filesystem::create_directories(options.m_strSafeCopy);
-        Restore(safe);
-    }
+    Restore(safe);
     double dMilliseconds = 0;
     CContactLocalManager* pDirectory = Start(dMilliseconds);
     if (pDirectory == nullptr) {
         throw std::runtime_error("there is no memory for the directory");
     }
-    if (bGuarded && safe.Keep() < 0) {
+    if (safe.Keep() < 0) {
         desk_phone::PrintText("No safe copy can be made: the telephone takes no changes.");
     }
-    PhoneData phone{*pDirectory, bGuarded ? &safe : nullptr, dMilliseconds};
+    PhoneData phone{*pDirectory, safe, options.m_strSafeCopy, dMilliseconds};
     RunInput(phone, script, strScript);
     CContactLocalManager::ReleaseInstance();
     return phone.m_bFailed ? EXIT_WRONG_LINE : EXIT_SUCCESS;
@@ -131,14 +127,17 @@ int ParseAndRun(int nArguments, char** pArguments)
     OptionsData options;
     app.add_option("-f,--folder", options.m_strFolder, "Working folder; made if it is not there")
         ->capture_default_str();
-    app.add_option("--safe-copy", options.m_strSafeCopy,
-                   "Guard every edit by copies in this folder below the working folder");
+    app.add_option(
+           "--safe-copy", options.m_strSafeCopy,
+           "Folder of the copies that guard every edit, below the working folder; made if it "
+           "is not there")
+        ->capture_default_str();
     app.add_option("SCRIPT", options.m_strScript,
                    "File of commands; without it they come from the input");
     app.set_version_flag("--version", "desk_phone " NSDIRECTORY_VERSION);
     app.footer(
-        "Exit status: 1 a line of a script was wrong, 2 the program cannot start, a script cannot "
-        "be read, or the output cannot be written.");
+        "Exit status: 1 a line of a script was wrong or the disk did not take an edit, 2 the "
+        "program cannot start, a script cannot be read, or the output cannot be written.");
     try {
         app.parse(nArguments, pArguments);
     } catch (const CLI::ParseError& error) {

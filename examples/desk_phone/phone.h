@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "desk_phone/results.h"
 #include "desk_phone/words.h"
 #include "directory/contact_local_manager.h"
 #include "safekeeping/safe_copy.h"
@@ -23,19 +24,23 @@ inline qz::basic_string<char> ToText(const std::string& strText)
 struct PhoneData
 {
     NS_DIRECTORY::CContactLocalManager& m_directory;
-    NS_DIRECTORY::CSafeCopy* m_pSafe;  // guards the edits; null if they go bare
+    NS_DIRECTORY::CSafeCopy& m_safe;  // guards every edit
+    std::string m_strCopyFolder;
     double m_dLoadMilliseconds;
     bool m_bOn = true;
     // Puts a question to the person at the prompt; empty if there is none, so nothing is asked.
     std::function<bool(const std::string& strQuestion)> m_ask = {};
-    bool m_bFailed = false;  // a line was wrong; what the directory refuses is no failure
+    // A line was wrong, or the disk did not take an edit. A refusal of the directory is neither.
+    bool m_bFailed = false;
 };
 
 // Every edit goes through here. edit takes the directory and returns the result of its call.
 template <class TEdit>
 int Edit(PhoneData& phone, TEdit edit)
 {
-    return phone.m_pSafe == nullptr ? edit(phone.m_directory) : phone.m_pSafe->Edit(edit);
+    const int nResult = phone.m_safe.Edit(edit);
+    phone.m_bFailed = phone.m_bFailed || IsOfGuard(nResult);
+    return nResult;
 }
 
 // Reading: reading_commands.cpp.

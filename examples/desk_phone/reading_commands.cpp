@@ -8,11 +8,11 @@
 #include <iostream>
 
 #include "desk_phone/contact_fields.h"
+#include "desk_phone/export_path.h"
 #include "desk_phone/phone.h"
 #include "desk_phone/results.h"
 #include "desk_phone/screen.h"
 #include "directory/data_files.h"
-#include "platform/device_services.h"
 
 namespace desk_phone {
 
@@ -184,13 +184,14 @@ void Show(PhoneData& phone, const Words& words)
 
 void Export(PhoneData& phone, const Words& words)
 {
-    const int nResult = phone.m_directory.ExportContactAndGroup(ToText(words[1]));
     const std::string strPath = words[1].empty() ? NS_DIRECTORY::EXPORT_FILE_PATH : words[1];
-    // The result does not tell whether the file could be written.
-    const bool bThere = ZMK_MiscHelper::pathFileExist(strPath.c_str()) != 0;
-    PrintResult(
-        nResult, "DIR_RET_OK",
-        bThere ? "exported to " + strPath : "told as done, but there is no file at " + strPath);
+    RequireExportPath(strPath, phone.m_strCopyFolder);
+    const int nResult = phone.m_directory.ExportContactAndGroup(ToText(strPath));
+    const bool bExported = IsExported(strPath);
+    phone.m_bFailed = phone.m_bFailed || !bExported;
+    PrintResult(nResult, "DIR_RET_OK",
+                bExported ? "exported to " + strPath
+                          : "answered as done, but it is not written: " + strPath);
 }
 
 void ShowFiles(PhoneData&, const Words& words)
@@ -213,7 +214,6 @@ void ShowSummary(PhoneData& phone, const Words&)
         {{"Contacts", OfMost(directory.GetCurrentContactCount(), directory.GetMaxContactCount())},
          {"Groups", OfMost(directory.GetCurrentGroupCount(), directory.GetMaxGroupCount())},
          {"Blacklisted", OfMost(directory.GetCurrentBlackCount(), directory.GetMaxBlackCount())},
-         {"Edits", phone.m_pSafe == nullptr ? "bare" : "guarded by a safe copy"},
          {"Load time", time.data()}});
 }
 

@@ -50,6 +50,13 @@ std::string NameAndMeaning(const std::string& strName, int nResult, const std::s
 
 }  // namespace
 
+bool IsOfGuard(int nResult)
+{
+    return nResult == NS_DIRECTORY::SAFE_RET_NO_COPY ||
+           nResult == NS_DIRECTORY::SAFE_RET_NOT_WRITTEN ||
+           nResult == NS_DIRECTORY::SAFE_RET_NOT_UNDONE;
+}
+
 void PrintResult(int nResult, const std::string& strSuccessName, const std::string& strSuccess)
 {
     if (nResult >= 0) {

@@ -11,6 +11,9 @@ namespace desk_phone {
 // the operation gives it and what came of it.
 void PrintResult(int nResult, const std::string& strSuccessName, const std::string& strSuccess);
 
+// True if the guard answers in place of the directory: the edit did not reach the disk.
+bool IsOfGuard(int nResult);
+
 }  // namespace desk_phone
 
 #endif  // DESK_PHONE_RESULTS_H
