@@ -32,8 +32,14 @@ struct CommandData
 
 constexpr CommandData COMMANDS[] = {
     {"call", "NUMBER", 1, 1, Expected::NOTHING, Expected::NOTHING, Call,
-     "A call from NUMBER comes in: who it is, and the ring or BLOCKED. Numbers match digit for "
-     "digit."},
+     "A call from NUMBER comes in: who it is, and the ring or BLOCKED. If nobody has the number "
+     "digit for digit, whoever has the same line answers to it."},
+    {"find", "TEXT ...", 1, ANY, Expected::NOTHING, Expected::NOTHING, Find,
+     "Contacts by the beginnings of words, or by a part of a number. Case and accents do not "
+     "matter, nor does the order."},
+    {"keys", "DIGITS", 1, 1, Expected::NOTHING, Expected::NOTHING, FindByKeys,
+     "Contacts by the keys that their letters are on, or by a part of a number. 0 or 1 is for a "
+     "blank."},
     {"groups", "", 0, 0, Expected::NOTHING, Expected::NOTHING, ListGroups,
      "The groups with their contacts counted and their rings."},
     {"contacts", "GROUP [FROM COUNT]", 1, 3, Expected::GROUPS, Expected::NOTHING, ListContacts,

@@ -69,6 +69,17 @@ void TakeFields(const Words& words, std::size_t nFrom, ContactGeneralItemData& c
     }
 }
 
+std::string FirstNumber(const ContactGeneralItemData& contact)
+{
+    for (const auto* pNumber :
+         {&contact.m_strMobileNumber, &contact.m_strOfficeNumber, &contact.m_strOtherNumber}) {
+        if (!pNumber->empty()) {
+            return pNumber->c_str();
+        }
+    }
+    return "";
+}
+
 void PrintContact(const ContactGeneralItemData& contact)
 {
     std::vector<std::pair<std::string, std::string>> pairs;

@@ -14,6 +14,9 @@ namespace desk_phone {
 void TakeFields(const Words& words, std::size_t nFrom,
                 NS_DIRECTORY::ContactGeneralItemData& contact);
 
+// The number that a list shows for a contact: the first that it has.
+std::string FirstNumber(const NS_DIRECTORY::ContactGeneralItemData& contact);
+
 void PrintContact(const NS_DIRECTORY::ContactGeneralItemData& contact);
 
 }  // namespace desk_phone

@@ -93,6 +93,7 @@ struct OptionsData
 {
     std::string m_strFolder = "desk_phone_data";
     std::string m_strSafeCopy = "copies";  // counts from that folder
+    std::string m_strCountry = "DE";
     std::string m_strScript;
 };
 
@@ -115,7 +116,12 @@ int Run(const OptionsData& options)
     if (safe.Keep() < 0) {
         desk_phone::PrintText("No safe copy can be made: the telephone takes no changes.");
     }
-    PhoneData phone{*pDirectory, safe, options.m_strSafeCopy, dMilliseconds};
+    PhoneData phone{*pDirectory,
+                    safe,
+                    options.m_strSafeCopy,
+                    {*pDirectory, options.m_strCountry},
+                    dMilliseconds};
+    phone.m_search.Refresh();
     RunInput(phone, script, strScript);
     CContactLocalManager::ReleaseInstance();
     return phone.m_bFailed ? EXIT_WRONG_LINE : EXIT_SUCCESS;
@@ -131,6 +137,10 @@ int ParseAndRun(int nArguments, char** pArguments)
            "--safe-copy", options.m_strSafeCopy,
            "Folder of the copies that guard every edit, below the working folder; made if it "
            "is not there")
+        ->capture_default_str();
+    app.add_option("--country", options.m_strCountry,
+                   "Where the telephone stands, as two capital letters: so it knows callers whose "
+                   "number is stored in another form")
         ->capture_default_str();
     app.add_option("SCRIPT", options.m_strScript,
                    "File of commands; without it they come from the input");

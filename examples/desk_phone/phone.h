@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "desk_phone/phone_search.h"
 #include "desk_phone/results.h"
 #include "desk_phone/words.h"
 #include "directory/contact_local_manager.h"
@@ -26,6 +27,7 @@ struct PhoneData
     NS_DIRECTORY::CContactLocalManager& m_directory;
     NS_DIRECTORY::CSafeCopy& m_safe;  // guards every edit
     std::string m_strCopyFolder;
+    CPhoneSearch m_search;
     double m_dLoadMilliseconds;
     bool m_bOn = true;
     // Puts a question to the person at the prompt; empty if there is none, so nothing is asked.
@@ -38,6 +40,7 @@ struct PhoneData
 template <class TEdit>
 int Edit(PhoneData& phone, TEdit edit)
 {
+    phone.m_search.NoteEdit();
     const int nResult = phone.m_safe.Edit(edit);
     phone.m_bFailed = phone.m_bFailed || IsOfGuard(nResult);
     return nResult;
@@ -51,6 +54,10 @@ void Show(PhoneData& phone, const Words& words);
 void Export(PhoneData& phone, const Words& words);
 void ShowFiles(PhoneData& phone, const Words& words);
 void ShowSummary(PhoneData& phone, const Words& words);
+
+// Searching: search_commands.cpp.
+void Find(PhoneData& phone, const Words& words);
+void FindByKeys(PhoneData& phone, const Words& words);
 
 // Editing: editing_commands.cpp.
 void AddContact(PhoneData& phone, const Words& words);

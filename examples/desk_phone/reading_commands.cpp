@@ -33,24 +33,24 @@ std::string Counted(int nCount, const std::string& strOne)
     return std::to_string(nCount) + " " + strOne + (nCount == 1 ? "" : "s");
 }
 
-// The number that a page shows for a contact: the first that it has.
-std::string FirstNumber(const ContactGeneralItemData& contact)
-{
-    for (const auto* pNumber :
-         {&contact.m_strMobileNumber, &contact.m_strOfficeNumber, &contact.m_strOtherNumber}) {
-        if (!pNumber->empty()) {
-            return pNumber->c_str();
-        }
-    }
-    return "";
-}
-
 std::string KindOfNumber(const ContactGeneralItemData& contact, const std::string& strNumber)
 {
     if (strNumber == contact.m_strMobileNumber.c_str()) {
         return "mobile";
     }
     return strNumber == contact.m_strOfficeNumber.c_str() ? "office" : "other";
+}
+
+// The number under which the caller is stored: exactly the one that calls, or else one of the same
+// line. If there is neither, the one that calls.
+std::string CallersNumber(PhoneData& phone, const std::string& strNumber)
+{
+    if (!phone.m_directory.GetContactNameByPhoneNumber(strNumber.c_str()).empty()) {
+        return strNumber;
+    }
+    phone.m_search.Refresh();
+    const std::string strStored = phone.m_search.NumberOfLine(strNumber);
+    return strStored.empty() ? strNumber : strStored;
 }
 
 // Who calls, in the lines of the screen.
@@ -122,10 +122,13 @@ void PrintFile(const std::string& strPath, int nLines)
 
 void Call(PhoneData& phone, const Words& words)
 {
-    const std::string& strNumber = words[1];
+    const std::string strNumber = CallersNumber(phone, words[1]);
     const bool bBlocked = phone.m_directory.IsBlackContactNumber(strNumber.c_str());
     std::vector<std::string> lines = CallerLines(phone.m_directory, strNumber);
     lines.insert(lines.begin(), {bBlocked ? "BLOCKED CALL" : "INCOMING CALL", ""});
+    if (strNumber != words[1]) {
+        lines.push_back("Calls as " + words[1]);
+    }
     lines.emplace_back();
     lines.push_back(bBlocked ? "The telephone stays silent."
                              : RingLine(phone.m_directory, strNumber));

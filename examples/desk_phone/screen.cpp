@@ -29,6 +29,35 @@ std::string Repeat(const char* pText, std::size_t nTimes)
     return strResult;
 }
 
+// Characters of no width, which no font shows.
+constexpr char EMPHASIS_BEGIN[] = "\u2062";
+constexpr char EMPHASIS_END[] = "\u2063";
+
+bool IsTerminal()
+{
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+void ReplaceAll(std::string& strText, const std::string& strOld, const std::string& strNew)
+{
+    for (std::size_t n = strText.find(strOld); n != std::string::npos;
+         n = strText.find(strOld, n + strNew.size())) {
+        strText.replace(n, strOld.size(), strNew);
+    }
+}
+
+// A cell as it is sent to the terminal. What ends the emphasis may have been cut off.
+std::string ToOutput(std::string strCell)
+{
+    const bool bEmphasis = strCell.find(EMPHASIS_BEGIN) != std::string::npos;
+    if (IsTerminal() && bEmphasis) {
+        ReplaceAll(strCell, EMPHASIS_BEGIN, "\033[1;4m");
+        ReplaceAll(strCell, EMPHASIS_END, "\033[0m");
+        strCell += "\033[0m";
+    }
+    return strCell;
+}
+
 std::string WithoutTrailingBlanks(std::string strText)
 {
     strText.erase(strText.find_last_not_of(' ') + 1);
@@ -62,6 +91,11 @@ void PrintText(const std::string& strText, const std::string& strLabel)
 void PrintCut(const std::string& strText)
 {
     std::cout << Cut(strText, ScreenWidth()) << '\n';
+}
+
+std::string Emphasised(const std::string& strText)
+{
+    return IsTerminal() ? EMPHASIS_BEGIN + strText + EMPHASIS_END : "[" + strText + "]";
 }
 
 void PrintPairs(const std::vector<std::pair<std::string, std::string>>& pairs)
@@ -162,7 +196,8 @@ void CTable::Print() const
         std::string strRule;
         for (std::size_t n = 0; n < shown.size(); ++n) {
             const std::string strGap(n == 0 ? 0 : GAP, ' ');
-            strLine += strGap + Fit(m_rows[nRow][n], shown[n].m_nWidth, shown[n].m_bRight);
+            strLine +=
+                strGap + ToOutput(Fit(m_rows[nRow][n], shown[n].m_nWidth, shown[n].m_bRight));
             strRule += strGap + Repeat("─", shown[n].m_nWidth);
         }
         std::cout << WithoutTrailingBlanks(strLine) << '\n';

@@ -20,6 +20,10 @@ void PrintText(const std::string& strText, const std::string& strLabel = "");
 // One line, cut where it is too long.
 void PrintCut(const std::string& strText);
 
+// The text as a part of a table that catches the eye: in a terminal it is bold, elsewhere it stands
+// in brackets.
+std::string Emphasised(const std::string& strText);
+
 // As many words side by side as there is room for, up to a dozen lines.
 void PrintChoices(const std::vector<std::string>& words);
 
