@@ -26,7 +26,13 @@ constexpr char LONG[] = "a text that does not fit into a String itself";
 // Made before memory runs short, since these take some too.
 const ContactGroupData ALPHA = GroupRow("Alpha", LONG), RENAMED = GroupRow(LONG, LONG),
                        RUNG = GroupRow("Family", LONG);
-const ContactRow NEW("New", "", LONG), ZOE("Zoe", "Family");
+const ContactRow NEW("New", "", LONG), ZOE("Zoe", "Family"), ANN("Ann", "Company", LONG);
+QZList<String> g_listName = NameList({"Ann", "Bob"});
+
+int FamilyId(const Manager& m)
+{
+    return m.GetGroupIdByGroupName("Family");
+}
 
 const std::vector<CallRow> CALLS{
     {"start", [](Manager&) { return Manager::ReleaseInstance(), Manager::GetInstance() ? 1 : -1; }},
@@ -43,18 +49,20 @@ const std::vector<CallRow> CALLS{
     {"RemoveGroup", [](Manager& m) { return m.RemoveGroup("Company"); }},
     {"RemoveAllGroup", [](Manager& m) { return m.RemoveAllGroup(); }},
     {"AddContact", [](Manager& m) { return m.AddContact("Family", NEW); }},
-    {"update", [](Manager& m) { return m.UpdateContactData("Ann", ZOE); }},
+    {"AddContactById", [](Manager& m) { return m.AddContactById(FamilyId(m), NEW); }},
+    {"AddBlackContact", [](Manager& m) { return m.AddBlackContact(NEW); }},
+    {"new name", [](Manager& m) { return m.UpdateContactData("Ann", ZOE); }},
+    {"update", [](Manager& m) { return m.UpdateContactData("Ann", ANN); }},
+    {"RemoveContactList", [](Manager& m) { return m.RemoveContactList(g_listName); }},
     {"RemoveContact", [](Manager& m) { return m.RemoveContact("Ann"); }},
     {"RemoveAllContacts", [](Manager& m) { return m.RemoveAllContacts(GROUP_ID_BLACKLIST); }},
     {"move", [](Manager& m) { return m.MoveContactToGroup("Ann", "Company"); }},
+    {"MoveListToGroup", [](Manager& m) { return m.MoveListToGroup(g_listName, "Company"); }},
+    {"SetContactGroupId", [](Manager& m) { return m.SetContactGroupId("Ann", FamilyId(m)); }},
     {"Local2Black", [](Manager& m) { return m.Local2Black("Ann"); }},
     {"Black2Local", [](Manager& m) { return m.Black2Local("Bob"); }},
     {"SetDefaultPhoto", [](Manager& m) { return m.SetDefaultPhoto(""); }}};
 // What a host does afterwards.
-int FamilyId(const Manager& m)
-{
-    return m.GetGroupIdByGroupName("Family");
-}
 const std::vector<Call> LATER{[](Manager& m) { return m.SetContactGroupId("Dan", FamilyId(m)); },
                               [](Manager& m) { return m.AddGroup(GroupRow("Later")); },
                               [](Manager& m) { return m.AddBlackContact(ContactRow("Last")); },
@@ -206,15 +214,17 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
 }
 
-// A process with little address space starts, adds, adds a group and adds: no contact is lost.
+// A process with little address space starts on a file in reverse order, adds, adds a group and
+// adds: no contact is lost. The names differ in their last characters only.
 TEST_F(MemoryTest, ASmallProcessLosesNoContact)
 {
     if (!IsHeapCounted()) {
         GTEST_SKIP() << "the sanitizers need much address space";
     }
     ContactRows rows;
-    for (int n = 1000; n < 1920; ++n) {
-        rows.emplace_back("c" + std::to_string(n), n % 2 == 0 ? "Family" : "Company", LONG);
+    for (int n = 1919; n >= 1000; --n) {
+        rows.emplace_back("Contact number " + std::to_string(n), n % 2 == 0 ? "Family" : "Company",
+                          LONG);
     }
     std::size_t nPages = 0;
     std::ifstream("/proc/self/statm") >> nPages;
