@@ -41,9 +41,9 @@ struct GroupPlace;
 /// questions are answered from that part. If it runs short while a file is saved, the file stays as
 /// it was. Every mutator first makes up for both: it saves or reads the file again, and if there is
 /// still no memory it refuses with DIR_RET_NO_MEMORY, after DIR_RET_RELOADING and before all other
-/// refusals. (Local2Black, Black2Local and SetDefaultPhoto do not test DIR_RET_RELOADING first.) If
-/// a text or a list gets no memory, the process ends by abort(); neither file is then half of an
-/// edit.
+/// refusals. (Local2Black and Black2Local test DIR_RET_RELOADING later. SetDefaultPhoto does not
+/// test it, and refuses a null argument first.) If a text or a list gets no memory, the process
+/// ends by abort(); neither file is then half of an edit.
 ///
 /// **Names** are keys and are compared byte for byte, except that no two contacts, and no two user
 /// groups, may have names that strcasecmp finds equal. So the locale decides which names are equal
