@@ -165,6 +165,8 @@ std::vector<Call> ContactEdits(const Contacts& contacts)
         {"RemoveContact", Bare::SAVE, [strName] { (void)Directory().RemoveContact(strName); }},
         {"RemoveContactList, 510 names", Bare::SAVE,
          [listName] { (void)Directory().RemoveContactList(listName); }},
+        {"RemoveAllContacts", Bare::SAVE,
+         [] { (void)Directory().RemoveAllContacts(NS_DIRECTORY::GROUP_ID_ALL); }},
         {"MoveContactToGroup", Bare::SAVE,
          [strName] { (void)Directory().MoveContactToGroup(strName, GROUP); }},
         {"MoveListToGroup, 510 names", Bare::SAVE,
@@ -191,7 +193,8 @@ std::vector<Call> GroupEdits()
              [] {
                  (void)Directory().UpdateGroupData(GROUP, {"New Group", ""});
              }},
-            {"RemoveGroup", Bare::BOTH, [] { (void)Directory().RemoveGroup(GROUP); }}};
+            {"RemoveGroup", Bare::BOTH, [] { (void)Directory().RemoveGroup(GROUP); }},
+            {"RemoveAllGroup", Bare::SAVE, [] { (void)Directory().RemoveAllGroup(); }}};
 }
 
 // -- The table ------------------------------------------------------------------------------------
@@ -214,7 +217,7 @@ const char* FilesWritten(long nWritten)
             return pText;
         }
     }
-    return "another file";
+    return nWritten > 2 * nContacts + nGroups ? "contacts many times, groups" : "another file";
 }
 
 // A heap of 0 of the bare calls stands for none. Returns the heap of the call.
