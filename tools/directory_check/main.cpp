@@ -59,17 +59,23 @@ std::string SetLocale(const std::string& strName)
     return pLocale;
 }
 
-// Which of the two files it is, by the first root element that either has.
+bool HasRoot(const pugi::xml_document& document, const char* pRoot)
+{
+    return !document.child(pRoot).empty();
+}
+
+// Which of the two files it is, by its root element. An export has both.
 std::string RootOf(const std::string& strPath)
 {
     pugi::xml_document document;
     (void)document.load_file(strPath.c_str());  // the check says how far it can be read
-    for (const pugi::xml_node node : document.children()) {
-        std::string strName = node.name();
-        if (strName == NS_DIRECTORY::ELEMENT_ROOT_GROUP ||
-            strName == NS_DIRECTORY::ELEMENT_ROOT_CONTACT) {
-            return strName;
-        }
+    const bool bGroups = HasRoot(document, NS_DIRECTORY::ELEMENT_ROOT_GROUP);
+    const bool bContacts = HasRoot(document, NS_DIRECTORY::ELEMENT_ROOT_CONTACT);
+    if (bGroups && bContacts) {
+        throw CUnreadable(strPath + ": an export, which no start reads");
+    }
+    if (bGroups || bContacts) {
+        return bGroups ? NS_DIRECTORY::ELEMENT_ROOT_GROUP : NS_DIRECTORY::ELEMENT_ROOT_CONTACT;
     }
     throw CUnreadable(strPath + ": neither of the two files: it has no <" +
                       NS_DIRECTORY::ELEMENT_ROOT_GROUP + "> and no <" +

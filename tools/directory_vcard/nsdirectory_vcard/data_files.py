@@ -133,6 +133,10 @@ class DataFolder:
     def paths(self):
         return self.path / GROUP_FILE, self.path / CONTACT_FILE
 
+    def is_new(self):
+        """Neither file was there."""
+        return self.found == [None, None]
+
     def read(self):
         return [read_file(path) for path in self.paths()]
 

@@ -64,6 +64,10 @@ def open_directory(folder, checker):
 
 def run_export(options, checker):
     folder = DataFolder(options.folder)
+    if folder.is_new():
+        raise Unusable(f"{options.folder} holds neither of the two files of a directory")
+    if options.out == "-":
+        raise Unusable("an export goes into a file, not to the standard output")
     if os.path.realpath(options.out) in map(os.path.realpath, folder.paths()):
         raise Unusable(f"{options.out} is a file of the directory itself")
     directory = open_directory(folder, checker)
@@ -101,7 +105,7 @@ def run_import(options, checker):
     result = merged.run(options.replace, options.group)
     if merged.has_changes() and not options.dry_run:
         replace_files(folder, result)
-    return import_report(options, merged)
+    return import_report(options, merged, folder.is_new())
 
 
 def replace_files(folder, directory):
@@ -113,13 +117,14 @@ def replace_files(folder, directory):
                          if data != old])
 
 
-def import_report(options, merged):
+def import_report(options, merged, is_new):
     findings = sorted(merged.findings,
                       key=lambda finding: (options.inputs.index(finding.file), finding.line))
     replaced = sum(change.old is not None for change in merged.changes)
     not_taken = sum(finding.kind == merge.NOT_TAKEN for finding in findings)
     return {"cards": len(merged.changes) + not_taken, "added": len(merged.changes) - replaced,
             "replaced": replaced, "not_taken": not_taken, "dry_run": options.dry_run,
+            "new_files": is_new,
             "groups_made": [group.display_name for group, _ in merged.made_groups
                             if group.display_name not in FIXED_GROUPS],
             "left_out": report.counted(name for found in merged.inputs for name in found.left_out),

@@ -42,10 +42,16 @@ def print_report(report, as_json):
     print(one_line(summary(report)))
 
 
+def number_of(count, thing):
+    return f"{count} {thing}" if count == 1 else f"{count} {thing}s"
+
+
 def summary(report):
     if "exported" in report:
-        return f"exported: {report['exported']} contacts, {report['groups']} groups"
+        return (f"exported: {number_of(report['exported'], 'contact')}, "
+                f"{number_of(report['groups'], 'group')}")
     made = ", ".join(report["groups_made"]) or "none"
-    return (f"{'dry run: ' if report['dry_run'] else ''}{report['cards']} cards: "
+    return (f"{'dry run: ' if report['dry_run'] else ''}{number_of(report['cards'], 'card')}: "
             f"{report['added']} added, {report['replaced']} replaced, "
-            f"{report['not_taken']} not taken; groups made: {made}")
+            f"{report['not_taken']} not taken; groups made: {made}"
+            f"{'; both files are new' if report['new_files'] else ''}")
