@@ -28,15 +28,18 @@ struct CommandData
     void (*m_pRun)(PhoneData& phone, const Words& words);
     const char* m_pHelp;
     const char* m_pQuestion = nullptr;  // asked at a prompt before it is run
+    bool m_bOneText = false;            // what follows is one argument, blanks and all
 };
 
 constexpr CommandData COMMANDS[] = {
     {"call", "NUMBER", 1, 1, Expected::NOTHING, Expected::NOTHING, Call,
      "A call from NUMBER comes in: who it is, and the ring or BLOCKED. If nobody has the number "
-     "digit for digit, whoever has the same line answers to it."},
-    {"find", "TEXT ...", 1, ANY, Expected::NOTHING, Expected::NOTHING, Find,
+     "digit for digit, whoever has the same line answers to it.",
+     nullptr, true},
+    {"find", "TEXT", 1, 1, Expected::NOTHING, Expected::NOTHING, Find,
      "Contacts by the beginnings of words, or by a part of a number. Case and accents do not "
-     "matter, nor does the order."},
+     "matter, nor does the order.",
+     nullptr, true},
     {"keys", "DIGITS", 1, 1, Expected::NOTHING, Expected::NOTHING, FindByKeys,
      "Contacts by the keys that their letters are on, or by a part of a number. 0 or 1 is for a "
      "blank."},
@@ -73,8 +76,10 @@ constexpr CommandData COMMANDS[] = {
     {"remove-all-groups", "", 0, 0, Expected::NOTHING, Expected::NOTHING, RemoveAllGroups,
      "Removes all groups but the two fixed ones.",
      "All groups but the two fixed ones are to be removed?"},
-    {"export", "PATH", 1, 1, Expected::NOTHING, Expected::NOTHING, Export,
-     "Writes groups and contacts into one file; \"\" is the usual place."},
+    {"export", "[PATH]", 0, 1, Expected::NOTHING, Expected::NOTHING, Export,
+     "Writes groups and contacts into one file. PATH counts from the working folder; without it "
+     "the "
+     "export goes into the data folder."},
     {"files", "[LINES]", 0, 1, Expected::NOTHING, Expected::NOTHING, ShowFiles,
      "The two files of the directory: size and first lines."},
     {"summary", "", 0, 0, Expected::NOTHING, Expected::NOTHING, ShowSummary,
@@ -129,12 +134,27 @@ void Quit(PhoneData& phone, const Words&)
     phone.m_bOn = false;
 }
 
-void RunWords(PhoneData& phone, const Words& words)
+// All words after the first in one.
+Words WithOneText(const Words& words)
+{
+    std::string strText;
+    for (std::size_t n = 1; n < words.size(); ++n) {
+        strText += (n == 1 ? "" : " ") + words[n];
+    }
+    return {words.front(), strText};
+}
+
+void RunWords(PhoneData& phone, Words words)
 {
     const CommandData& command = FindCommand(words.front());
+    if (command.m_bOneText && words.size() > 2) {
+        words = WithOneText(words);
+    }
     const std::size_t nArguments = words.size() - 1;
     if (nArguments < command.m_nLeast || nArguments > command.m_nMost) {
-        throw CWrongInput("This is written: " + Usage(command));
+        const bool bBlanks = nArguments > command.m_nMost && command.m_nMost > 0;
+        throw CWrongInput("This is written: " + Usage(command) +
+                          (bBlanks ? ". What holds blanks stands in double quotes." : ""));
     }
     if (command.m_pQuestion != nullptr && phone.m_ask && !phone.m_ask(command.m_pQuestion)) {
         PrintText("Nothing is changed.");

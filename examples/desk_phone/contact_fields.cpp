@@ -63,7 +63,8 @@ void TakeFields(const Words& words, std::size_t nFrom, ContactGeneralItemData& c
     for (std::size_t n = nFrom; n < words.size(); ++n) {
         const std::size_t nSign = words[n].find('=');
         if (nSign == std::string::npos) {
-            throw CWrongInput("FIELD=VALUE is expected here: " + words[n]);
+            throw CWrongInput(
+                "FIELD=VALUE is expected here, in double quotes if it holds blanks: " + words[n]);
         }
         TakeField(words[n].substr(0, nSign), words[n].substr(nSign + 1), contact);
     }

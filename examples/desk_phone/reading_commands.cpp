@@ -179,7 +179,8 @@ void Show(PhoneData& phone, const Words& words)
     ContactGeneralItemData contact;
     if (phone.m_directory.GetContactDataByName(&contact, ToText(words[1])) !=
         NS_DIRECTORY::DIR_RET_OK) {
-        PrintText("There is no contact " + words[1] + ".");
+        PrintText("There is no contact " + Quoted(words[1]) +
+                  ". Names are spelled as they are stored; parts of them are found by: find");
         return;
     }
     PrintContact(contact);
@@ -187,7 +188,8 @@ void Show(PhoneData& phone, const Words& words)
 
 void Export(PhoneData& phone, const Words& words)
 {
-    const std::string strPath = words[1].empty() ? NS_DIRECTORY::EXPORT_FILE_PATH : words[1];
+    const bool bOwnPlace = words.size() == 1 || words[1].empty();
+    const std::string strPath = bOwnPlace ? NS_DIRECTORY::EXPORT_FILE_PATH : words[1];
     RequireExportPath(strPath, phone.m_strCopyFolder);
     const int nResult = phone.m_directory.ExportContactAndGroup(ToText(strPath));
     const bool bExported = IsExported(strPath);

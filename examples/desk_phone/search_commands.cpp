@@ -55,7 +55,7 @@ void PrintMatches(PhoneData& phone, FindFunction pFind, const std::string& strWh
         throw CWrongInput(strRule);
     }
     if (nFound == 0) {
-        PrintText(strWhat + ": nobody");
+        PrintText("Nobody matches " + Quoted(strWhat));
         return;
     }
     CTable table;
@@ -75,11 +75,7 @@ void PrintMatches(PhoneData& phone, FindFunction pFind, const std::string& strWh
 
 void Find(PhoneData& phone, const Words& words)
 {
-    std::string strText;
-    for (std::size_t n = 1; n < words.size(); ++n) {
-        strText += (n == 1 ? "" : " ") + words[n];
-    }
-    PrintMatches(phone, &CContactSearch::FindByText, strText, "At most 8 words can be searched.");
+    PrintMatches(phone, &CContactSearch::FindByText, words[1], "At most 8 words can be searched.");
 }
 
 void FindByKeys(PhoneData& phone, const Words& words)
