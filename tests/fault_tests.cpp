@@ -1,13 +1,10 @@
-// What each edit of tests/scenarios/every_edit.txt leaves if a call of the system fails under it,
-// the disk is full, memory ends or the process dies. And files that are cut anywhere.
+// What each edit leaves if a call of the system fails under it or the XML library gets no memory.
 //
 // NSDIRECTORY_SOAK_EDITS sets how many edits must leave the heap as it was.
 
-#include <csignal>
 #include <set>
 
 #include "bench/heap_count.h"
-#include "directory/internal/name_set.h"
 #include "tests/support/scenario.h"
 
 namespace {
@@ -99,55 +96,6 @@ TEST_F(FaultTest, EveryCallOfTheSystemFailsInTurn)
     EXPECT_EQ(reached.size(), FileCalls::XML_MEMORY) << "some kind of call goes past the watch";
 }
 
-TEST_F(FaultTest, FullDiskAndMissingFolder)
-{
-    for (const CallData& edit : EDITS) {
-        Texts results;
-        for (const std::string& strFault : Texts{"none", "full disk", "no folder"}) {
-            SCOPED_TRACE(edit.m_strLine + ", " + strFault);
-            MakeAlone(START);
-            std::filesystem::copy("config", "kept", std::filesystem::copy_options::recursive);
-            if (strFault == "full disk") {  // a device on which every write finds no room
-                for (const char* pPath : {GROUP_FILE, CONTACT_FILE}) {
-                    std::filesystem::remove(pPath);
-                    std::filesystem::create_symlink("/dev/full", pPath);
-                }
-            } else if (strFault == "no folder") {
-                std::filesystem::remove_all("config");
-            }
-            results.push_back(MakeAlone(edit)[0]);
-            EXPECT_EQ(results.back(), results.front()) << "no result depends on the disk";
-            ExpectSound();
-            std::filesystem::remove_all("config");
-            std::filesystem::rename("kept", "config");
-        }
-    }
-}
-
-TEST_F(FaultTest, NoMemoryForARecordRefusesTheEntry)
-{
-    int nRefused = 0;
-    for (const CallData& edit : EDITS) {
-        for (const std::size_t nSize : {sizeof(Manager::GroupData), sizeof(Manager::ItemData)}) {
-            SCOPED_TRACE(edit.m_strLine);
-            MakeAlone(START);
-            const Entries before = AllEntries();
-            FileCalls::s_nFailingRecord = nSize;
-            const FileCalls calls;
-            if (MakeAlone(edit)[0] == "DIR_RET_NO_MEMORY") {
-                EXPECT_EQ(Changes(before, AllEntries()), Texts{});
-                EXPECT_EQ(calls.Written(), Texts{});
-                ++nRefused;
-            }
-            FileCalls::s_nFailingRecord = 0;
-        }
-    }
-    EXPECT_EQ(nRefused, 5) << "a new group, and contacts that are new or have a new name";
-    Manager::ReleaseInstance();
-    FileCalls::s_nFailingRecord = sizeof(Manager);
-    EXPECT_EQ(Manager::GetInstance(), nullptr);
-}
-
 TEST_F(FaultTest, ADocumentWithoutAllItsMemoryReplacesNoFile)
 {
     // The second of the XML library's pages begins in the middle of something else each time.
@@ -163,25 +111,6 @@ TEST_F(FaultTest, ADocumentWithoutAllItsMemoryReplacesNoFile)
         EXPECT_EQ(Directory().RemoveContact("c199"), DIR_RET_OK);
         EXPECT_EQ(calls.Written(), Texts{});
     }
-}
-
-TEST(MemoryDeathTest, EndsTheProcessInAContainer)
-{
-    if (!IsHeapCounted()) {
-        GTEST_SKIP() << "another allocator is in place";
-    }
-    const auto grow = [](std::size_t nLargest, unsigned int nCapacity) {
-        String str("longer than fourteen");
-        g_heap.m_nLargest = nLargest;
-        str.__grow_by_and_replace(nCapacity, 1, 0, 0, 0, 1, "x");
-    };
-    const auto aborted = testing::KilledBySignal(SIGABRT);
-    const QZList<String> list;
-    EXPECT_EXIT((g_heap.m_nLargest = 0, CNameSet(list)), aborted, "");
-    EXPECT_EXIT((FileCalls::s_nFailingRecord = sizeof(QZListNode<String>), QZList<String>()),
-                aborted, "");
-    EXPECT_EXIT(grow(63, 31), aborted, "") << "twice the capacity";
-    EXPECT_EXIT(grow(0xFFFFFFED, 0x7FFFFFE7), aborted, "") << "the maximum size";
 }
 
 TEST_F(FaultTest, EditsWithoutEndLeaveTheHeapAsItWas)
@@ -204,45 +133,6 @@ TEST_F(FaultTest, EditsWithoutEndLeaveTheHeapAsItWas)
     }
     EXPECT_EQ(g_heap.m_nBlocks, nBlocks);
     EXPECT_EQ(Changes(before, AllEntries()), Texts{});
-}
-
-TEST_F(FaultTest, FilesCutAtEveryByte)
-{
-    MakeAlone(START);
-    const Texts whole = ReadFiles();
-    for (std::size_t nLength = 0; nLength <= whole[1].size(); ++nLength) {
-        const std::string strFailure =
-            FailureOf({{"WriteFile file=\"group\"", whole[0].substr(0, nLength)},
-                       {"WriteFile file=\"contact\"", whole[1].substr(0, nLength)},
-                       {"Restart"}});
-        ASSERT_EQ(strFailure, "") << nLength;
-    }
-}
-
-// What a process leaves that dies in the middle of a write: the other file is whole.
-TEST_F(FaultTest, OneFileIsWholeAtEveryWrite)
-{
-    CallData start = START;
-    start.m_strFile += R"(contact name="c" group="Family" many="300")";  // several writes a file
-    MakeAlone(start);
-    std::size_t nWrites = 0;
-    for (const CallData& edit : EDITS) {
-        SCOPED_TRACE(edit.m_strLine);
-        const Texts before = ReadFiles();
-        std::vector<Texts> left;
-        {
-            FileCalls calls;
-            calls.m_inWrite = [&left] { left.push_back(ReadFiles()); };
-            MakeAlone(edit);
-        }
-        const Texts after = ReadFiles();
-        for (const Texts& now : left) {
-            EXPECT_TRUE(now[0] == before[0] || now[0] == after[0] || now[1] == before[1] ||
-                        now[1] == after[1]);
-        }
-        nWrites += left.size();
-    }
-    EXPECT_GT(nWrites, 3 * EDITS.size());
 }
 
 }  // namespace

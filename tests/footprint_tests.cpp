@@ -1,5 +1,5 @@
 // What the library takes: the layout of what crosses the boundary, so that hosts and libraries of
-// different builds fit together, and heap blocks of contacts and lookups.
+// different builds fit together, and the heap blocks of contacts and lookups.
 
 #include <cstddef>
 
@@ -31,25 +31,7 @@ static_assert(sizeof(ContactGroupSimpleData) == At(20, 24));
 static_assert(offsetof(ContactGroupListData, m_nIndexFrom) == At(12, 24));
 static_assert(offsetof(ContactGeneralItemListData, m_nIndexFrom) == At(16, 32));
 
-struct HeapTest : DirectoryTest
-{
-    // Blocks that the directory holds for five contacts like the row.
-    static long BlocksOfFive(const ContactRow& row)
-    {
-        long nBlocks = 0;
-        for (const int nCount : {2, 7}) {
-            ContactRows rows(static_cast<std::size_t>(nCount), row);
-            for (std::size_t n = 0; n < rows.size(); ++n) {
-                rows[n].m_strDisplayName.append(std::to_string(n).c_str());
-            }
-            Start({}, rows);
-            const long nBefore = g_heap.m_nBlocks;
-            Manager::ReleaseInstance();
-            nBlocks = nBefore - g_heap.m_nBlocks - nBlocks;
-        }
-        return nBlocks;
-    }
-};
+using HeapTest = DirectoryTest;
 
 TEST_F(HeapTest, OnlyLongTextsTakeABlock)
 {
@@ -67,11 +49,15 @@ TEST_F(HeapTest, OnlyLongTextsTakeABlock)
         const auto lookUp = [&] { (void)Directory().GetContactNameByPhoneNumber(pNumber); };
         EXPECT_EQ(AllocationsOf(lookUp), nBlocks) << "the number and the name: " << strNumber;
     }
-    EXPECT_EQ(BlocksOfFive({"Anna", "Blacklist", pShort}), 5 * 2);
-    EXPECT_EQ(BlocksOfFive({strLong}), 5 * 3);
-    ContactRow row(strLong, "", strLong, strLong, strLong, strLong);
-    row.m_strDefaultPhoto = strLong.c_str();
-    EXPECT_EQ(BlocksOfFive(row), 5 * 8);
+    const auto blocksWith = [](const ContactRows& contacts) {
+        Start({}, contacts);
+        const long nBefore = g_heap.m_nBlocks;
+        Manager::ReleaseInstance();
+        return nBefore - g_heap.m_nBlocks;
+    };
+    const long nWithout = blocksWith({});
+    EXPECT_EQ(blocksWith({{"Anna", "Blacklist", pShort}}) - nWithout, 2) << "a node and a record";
+    EXPECT_EQ(blocksWith({{strLong, "", strLong, strLong, strLong, strLong}}) - nWithout, 2 + 5);
 }
 
 }  // namespace

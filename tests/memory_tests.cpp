@@ -2,7 +2,6 @@
 // was, the files end with all that they held and with every edit that was not refused.
 
 #include <sys/mman.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,6 +9,7 @@
 #include <map>
 
 #include "bench/heap_count.h"
+#include "directory/internal/name_set.h"
 #include "tests/support/directory_test.h"
 
 namespace {
@@ -72,6 +72,14 @@ class MemoryTest : public DirectoryTest
 {
   protected:
     using Results = std::vector<int>;  // of a call and of all later ones
+
+    void SetUp() override
+    {
+        DirectoryTest::SetUp();
+        if (!IsHeapCounted()) {
+            GTEST_SKIP() << "another allocator is in place";
+        }
+    }
 
     static void WriteBase()
     {
@@ -162,9 +170,6 @@ class MemoryTest : public DirectoryTest
 
 TEST_F(MemoryTest, EachAllocationFailsInTurn)
 {
-    if (!IsHeapCounted()) {
-        GTEST_SKIP() << "another allocator is in place";
-    }
     for (const CallRow& row : CALLS) {
         for (const bool bOnlyOne : {true, false}) {
             bool bMore = true;
@@ -180,9 +185,6 @@ TEST_F(MemoryTest, EachAllocationFailsInTurn)
 // There is no memory to read a file at the start, nor for any mutator to read it again.
 TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
 {
-    if (!IsHeapCounted()) {
-        GTEST_SKIP() << "another allocator is in place";
-    }
     ContactRows rows{{"Ann", "Family"}, {"Bob", "Blacklist"}};
     for (int n = 100; n < 300; ++n) {  // more than a page of the XML library
         rows.emplace_back("c" + std::to_string(n), "Family");
@@ -214,46 +216,22 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
 }
 
-// A process with little address space starts on a file in reverse order, adds, adds a group and
-// adds: no contact is lost. The names differ in their last characters only.
-TEST_F(MemoryTest, ASmallProcessLosesNoContact)
+TEST(MemoryDeathTest, EndsTheProcessInAContainer)
 {
     if (!IsHeapCounted()) {
-        GTEST_SKIP() << "the sanitizers need much address space";
+        GTEST_SKIP() << "another allocator is in place";
     }
-    ContactRows rows;
-    for (int n = 1919; n >= 1000; --n) {
-        rows.emplace_back("Contact number " + std::to_string(n), n % 2 == 0 ? "Family" : "Company",
-                          LONG);
-    }
-    std::size_t nPages = 0;
-    std::ifstream("/proc/self/statm") >> nPages;
-    for (std::size_t nStep = 0; nStep < 35; ++nStep) {
-        SCOPED_TRACE(nStep);
-        Manager::ReleaseInstance();
-        WriteFile(GROUP_FILE, GroupFile({{"Company"}, {"Family"}}));
-        WriteFile(CONTACT_FILE, ContactFile(rows));
-        const pid_t nChild = fork();
-        if (nChild == 0) {
-            const rlim_t nLimit = nPages * static_cast<rlim_t>(getpagesize()) + nStep * 64 * 1024;
-            const rlimit limit{nLimit, nLimit};
-            (void)setrlimit(RLIMIT_AS, &limit);
-            if (Manager* const pDirectory = Manager::GetInstance()) {
-                (void)pDirectory->AddContact("Family", ContactRow("Ann"));
-                (void)pDirectory->AddGroup(GroupRow("Club"));
-                (void)pDirectory->AddContact("Family", ContactRow("Bob"));
-            }
-            _exit(0);
-        }
-        EXPECT_EQ(waitpid(nChild, nullptr, 0), nChild);
-        EXPECT_GE(Directory().AddContact("Family", ContactRow("Zoe")), 0);
-        const std::string strFile = ReadFile(CONTACT_FILE);
-        for (const ContactRow& row : rows) {
-            const std::string strElement = ContactRoot(ContactRows{row}, false);
-            const std::string strLine = strElement.substr(strElement.find('\t'), 90);
-            ASSERT_NE(strFile.find(strLine), std::string::npos) << strLine;
-        }
-    }
+    const auto grow = [](std::size_t nLargest, unsigned int nCapacity) {
+        String str("longer than fourteen");
+        g_heap.m_nLargest = nLargest;
+        str.__grow_by_and_replace(nCapacity, 1, 0, 0, 0, 1, "x");
+    };
+    const auto aborted = testing::KilledBySignal(SIGABRT);
+    const QZList<String> list;
+    EXPECT_EXIT((g_heap.m_nLargest = 0, CNameSet(list)), aborted, "");
+    EXPECT_EXIT((g_heap.m_nLargest = 0, QZList<String>()), aborted, "");
+    EXPECT_EXIT(grow(63, 31), aborted, "") << "twice the capacity";
+    EXPECT_EXIT(grow(0xFFFFFFED, 0x7FFFFFE7), aborted, "") << "the maximum size";
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include "search/contact_search.h"
 
-#include <random>
-
 #include "bench/heap_count.h"
 #include "tests/support/directory_test.h"
 #ifdef NSDIRECTORY_TEST_NUMBER_SEARCH
@@ -132,57 +130,6 @@ TEST_F(SearchTest, HoldsWhatTheLastRefreshFound)
         g_heap.m_nLargest = SIZE_MAX;
         EXPECT_EQ(nFound, DIR_RET_NO_MEMORY);
         EXPECT_EQ(Found("an"), "[Än]i");
-    }
-}
-
-// A text of random pieces, some of them no UTF-8, and its words as a search sees them.
-std::pair<std::string, Texts> RandomText(std::mt19937& random, std::size_t nPieces)
-{
-    // clang-format off
-    static const std::pair<const char*, const char*> PIECES[] = {
-        {"a", "a"}, {"A\u0301", "a"}, {"\u00E0", "a"}, {"ß", "ss"}, {"s\u0301", "s"}, {"İ", "i"}, {"ς", "σ"}, {"Σ", "σ"}, {"-", " "},
-        {"\xC3", " "}, {" ", " "}, {"\xF0\x9F\x98", " "}};
-    // clang-format on
-    std::string strText, strForm;
-    for (; nPieces != 0; --nPieces) {
-        const auto& [pText, pForm] = PIECES[random() % std::size(PIECES)];
-        strText += pText;
-        strForm += pForm;
-    }
-    std::istringstream stream(strForm);
-    return {strText, Texts(std::istream_iterator<std::string>(stream), {})};
-}
-
-// Whether the wanted texts begin the words in any of their orders.
-bool Begin(const Texts& wanted, Texts words)
-{
-    const auto begins = [](auto& strBegin, auto& str) { return str.rfind(strBegin, 0) == 0; };
-    std::sort(words.begin(), words.end());
-    bool bBegin = false;
-    do {
-        bBegin = std::equal(wanted.begin(), wanted.end(), words.begin(), begins);
-    } while (!bBegin && std::next_permutation(words.begin(), words.end()));
-    return bBegin;
-}
-
-TEST_F(SearchTest, FindsRandomNamesAsAPlainReferenceDoes)
-{
-    std::mt19937 random(20241);
-    for (int nRound = 0; nRound < 400; ++nRound) {
-        const auto [strName, words] = RandomText(random, 1 + random() % 12);
-        Hold({{strName}});
-        for (int n = 0; n < 50; ++n) {
-            const auto [strText, wanted] = RandomText(random, 1 + random() % 5);
-            const bool bFound =
-                !wanted.empty() && wanted.size() <= words.size() && Begin(wanted, words);
-            const std::string strMarked = Found(strText);
-            ASSERT_EQ(!strMarked.empty(), bFound)
-                << strName << ": " << strText << ": " << strMarked;
-            // A place that cut a character would not be found.
-            const std::size_t nPlace = strMarked.find('[') + 1, nEnd = strMarked.find(']');
-            ASSERT_TRUE(!bFound || Found(strMarked.substr(nPlace, nEnd - nPlace)) != "")
-                << strMarked;
-        }
     }
 }
 

@@ -1,4 +1,4 @@
-// The device services of a workstation, and a start that goes by them.
+// The device services of a workstation.
 
 #include <fcntl.h>
 #include <linux/fb.h>
@@ -84,27 +84,6 @@ TEST_F(WorkstationTest, OnlyWhatTheSystemCallsAbsentIsAbsent)
         EXPECT_EQ(ZMK_MiscHelper::pathFileExist("file"), nError != ENOENT && nError != ENOTDIR)
             << strerror(nError);
     }
-}
-
-TEST_F(WorkstationTest, StartTakesFilesThatStatCannotTell)
-{
-    const ContactRows contacts{{"Anna", "Choir", "1", "", "", "rings"}};
-    for (const int nError : {0, EOVERFLOW, EIO}) {
-        g_nStatError = 0;
-        WriteFile(GROUP_FILE, GroupFile({{"Choir", "choir.wav"}}));
-        WriteFile(CONTACT_FILE, ContactFile(contacts));
-        Date2040(GROUP_FILE);
-        Date2040(CONTACT_FILE);
-        g_nStatError = nError;
-        Restart();
-        EXPECT_EQ(Groups(), (Texts{"All Contacts 0", "Blacklist 1", "Choir 2"}));
-        EXPECT_EQ(Contacts(), Texts{"Anna 2"});
-        EXPECT_EQ(ReadFile(CONTACT_FILE), ContactFile(contacts));
-    }
-    g_nStatError = 0;
-    std::filesystem::create_directory("rings");
-    EXPECT_STREQ(Directory().GetContactRingByNumber("1", nullptr).c_str(), "choir.wav")
-        << "a folder is no ring";
 }
 
 TEST_F(WorkstationTest, TheFrameBufferIsAskedBeforeItsDepth)

@@ -17,7 +17,6 @@ struct CDirectoryModel : CModelLists
         const CModelLists old = std::exchange(*this, CDirectoryModel());
         m_files = old.m_files;
         m_written = old.m_written;
-        m_nBytes = old.m_nBytes;
         LoadGroups(m_nMaxGroup);
         ReloadContactXml();
     }

@@ -9,7 +9,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <pugixml.hpp>
 
 #include "platform/device_services.h"
@@ -69,20 +68,6 @@ FileCalls::~FileCalls()
     pugi::set_memory_management_functions(std::malloc, std::free);
 }
 
-// Under valgrind this one is called only with --soname-synonyms=somalloc=nouserintercepts.
-void* operator new(std::size_t nBytes, const std::nothrow_t& /*tag*/) noexcept
-{
-    if (nBytes == FileCalls::s_nFailingRecord) {
-        FileCalls::s_nFailingRecord = 0;
-        return nullptr;
-    }
-    try {
-        return ::operator new(nBytes);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
 // What an executable defines under these names serves its shared libraries too.
 extern "C" {
 
@@ -104,18 +89,7 @@ size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
     if (Refuses(FileCalls::WRITE)) {
         return 0;
     }
-    const size_t nHalf = g_pCalls != nullptr && g_pCalls->m_inWrite ? size * count / 2 : 0;
-    if (nHalf != 0) {
-        (void)Real(fwrite, "fwrite")(data, 1, nHalf, file);
-        (void)Real(fflush, "fflush")(file);
-        g_pCalls->m_inWrite();
-    }
-    const char* const pRest = static_cast<const char*>(data) + nHalf;
-    const size_t nWritten = nHalf + Real(fwrite, "fwrite")(pRest, 1, size * count - nHalf, file);
-    if (g_pCalls != nullptr) {
-        g_pCalls->m_nBytesWritten += nWritten;
-    }
-    return nWritten / size;
+    return Real(fwrite, "fwrite")(data, size, count, file);
 }
 
 int fflush(FILE* file)

@@ -4,8 +4,6 @@
 #ifndef NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H
 #define NSDIRECTORY_TESTS_SUPPORT_FAKE_SYSTEM_H
 
-#include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,21 +33,13 @@ class FileCalls
 
     // That call fails, the first being 1, and no other of its kind.
     void Fail(Kind kind, int nCall) { m_arrFailing[kind] = nCall; }
-    // Called in the middle of every write.
-    std::function<void()> m_inWrite;
-
     int Count(Kind kind) const { return m_arrCount[kind]; }
     // The paths opened for writing, in order, failed ones too.
     const Texts& Written() const { return m_listWritten; }
-    std::size_t BytesWritten() const { return m_nBytesWritten; }
-
-    // The next object of that size gets no memory from new (std::nothrow), whoever watches.
-    static inline std::size_t s_nFailingRecord = 0;
 
   private:
     int m_arrCount[KIND_COUNT] = {};
     int m_arrFailing[KIND_COUNT] = {};
-    std::size_t m_nBytesWritten = 0;
     Texts m_listWritten;
 };
 

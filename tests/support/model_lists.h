@@ -28,7 +28,6 @@ struct CModelLists
     // The disk, and what was written to it.
     std::map<std::string, std::string> m_files;
     Texts m_written;
-    std::size_t m_nBytes = 0;
 
     Entries AllEntries() const { return EntriesOf(m_groups, m_items); }
 
@@ -50,7 +49,6 @@ struct CModelLists
         m_written.push_back(strPath);
         if (!strPath.empty()) {
             m_files[strPath] = DECLARATION + strRoots;
-            m_nBytes += m_files[strPath].size();
         }
     }
     void WriteDefaults(const std::string& strPath) { Write(strPath, GroupRoot(DEFAULTS, false)); }

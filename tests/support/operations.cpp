@@ -365,11 +365,9 @@ StepData CReplay::Make(CallData call)
         }
     }
     m_model.m_written.clear();
-    m_model.m_nBytes = 0;
     const FileCalls calls;
     const Texts answer = MakeAlone(call);
     const Texts written = calls.Written();
-    const std::size_t nBytes = calls.BytesWritten();
     const auto pModelled = OperationOf(call).m_pModel;
     Texts modelAnswer = answer;
     if (pModelled != nullptr && !DirectoryTest::Directory().m_bReloadByHttp) {
@@ -389,8 +387,5 @@ StepData CReplay::Make(CallData call)
         DirectoryTest::Troubles()};
     m_entries = after;
     AddWrongFiles(step.m_wrong, m_model);
-    if (nBytes != m_model.m_nBytes) {
-        step.m_wrong.push_back(Joined(nBytes, " bytes written instead of ", m_model.m_nBytes));
-    }
     return step;
 }

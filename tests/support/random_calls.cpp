@@ -71,18 +71,7 @@ std::string Replay(const Calls& calls)
     return "";
 }
 
-std::string Without(const std::string& strLine, std::size_t nArgument)
-{
-    pugi::xml_document document;
-    document.load_string(('<' + strLine + "/>").c_str());
-    std::string strText = document.first_child().name();
-    for (const pugi::xml_attribute& value : document.first_child().attributes()) {
-        strText += nArgument-- == 0 ? "" : Attribute(value.name(), value.value());
-    }
-    return strText;
-}
-
-// Takes out calls, in ever smaller pieces, and then arguments that the failure does not need.
+// Takes out calls that the failure does not need, in ever smaller pieces.
 Calls CutDown(Calls calls)
 {
     for (std::size_t nPiece = calls.size() / 2; nPiece != 0; nPiece /= 2) {
@@ -93,16 +82,6 @@ Calls CutDown(Calls calls)
             const bool bFails = !Replay(fewer).empty();
             calls = bFails ? fewer : calls;
             n += bFails ? 0 : nPiece;
-        }
-    }
-    for (CallData& call : calls) {
-        for (std::size_t n = 0; Without(call.m_strLine, n) != call.m_strLine;) {
-            const std::string strLine = call.m_strLine;
-            call.m_strLine = Without(strLine, n);
-            if (Replay(calls).empty()) {
-                call.m_strLine = strLine;
-                ++n;
-            }
         }
     }
     return calls;

@@ -89,7 +89,7 @@ using Choice = std::function<std::size_t(std::size_t nEnd)>;
 CallData RandomCall(const Choice& below);
 
 // Empty, or the first call that the directory and the model make in different ways, and the
-// scenario that leads there, cut down to the calls and arguments that it needs.
+// scenario that leads there, cut down to the calls that it needs.
 std::string FailureOf(const Calls& calls, bool bCutDown = true);
 
 #endif  // NSDIRECTORY_TESTS_SUPPORT_SCENARIO_H
