@@ -1,4 +1,7 @@
-// What a scenario cannot show: what the device is asked, texts that hold a NUL, and empty records.
+// What a scenario cannot show: what the device is asked, texts that hold a NUL, empty records, and
+// errno.
+
+#include <cerrno>
 
 #include "tests/support/directory_test.h"
 
@@ -14,6 +17,14 @@ TEST_F(BoundaryTest, TheDeviceIsAskedForOneRingAndOneSwitch)
     ContactGroupSimpleListData page;
     EXPECT_EQ(Directory().GetGroupSimpleList(&page), 1);
     EXPECT_EQ(g_device.m_listConfigAsked, Texts{"HistoryBlackListShowSwitch 1"});
+}
+
+TEST_F(BoundaryTest, ErrnoStaysAsItWasIfNothingFails)
+{
+    Start({{"Family"}}, {{"Anna", "Family"}});
+    errno = EDOM;
+    EXPECT_EQ(Directory().ReloadGroupXml() + Directory().ReloadContactXml(), 2);
+    EXPECT_EQ(errno, EDOM);
 }
 
 TEST_F(BoundaryTest, ANulEndsANumberButNoConversion)

@@ -109,7 +109,11 @@ TEST_F(FaultTest, ADocumentWithoutAllItsMemoryReplacesNoFile)
         FileCalls calls;
         calls.Fail(FileCalls::XML_MEMORY, 2);
         EXPECT_EQ(Directory().RemoveContact("c199"), DIR_RET_OK);
+        calls.Fail(FileCalls::XML_MEMORY, calls.Count(FileCalls::XML_MEMORY) + 2);
+        EXPECT_EQ(Directory().RemoveContact("c198"), DIR_RET_NO_MEMORY) << "until it is saved";
         EXPECT_EQ(calls.Written(), Texts{});
+        EXPECT_EQ(Directory().RemoveContact("c198"), DIR_RET_OK);
+        EXPECT_EQ(calls.Written(), (Texts{CONTACT_FILE, CONTACT_FILE}));
     }
 }
 
