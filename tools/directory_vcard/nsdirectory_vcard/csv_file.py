@@ -26,7 +26,8 @@ def read_rows(path, data, keep_numbers):
     rows = records(found, card_file.decoded(data.removeprefix(card_file.BOM), None))
     columns = [name.strip().lower() for name in next(rows, (0, []))[1]]
     if not {"display_name", *NUMBER_SLOTS} & set(columns):
-        raise Unusable(f"{path}: the first row names no column of a contact")
+        raise Unusable(f"{path}: the first row names no column of a contact, such as "
+                       "display_name and mobile_number")
     found.left_out = [name for name in columns if name not in COLUMNS]
     if RECORD in columns:
         found.has_photos = any(name in columns for name in PHOTO_COLUMNS)
