@@ -23,7 +23,7 @@ constexpr int FULL_COUNT = 1000 + BLACK_COUNT;
 constexpr char NEW_GROUP[] = "Department 150";
 constexpr char RENAMED_GROUP[] = "Department 110";  // one with contacts
 
-// Both start with the limit just not reached, and the contact is the one that stands last.
+// Both start with the limit just not reached, and the contact is the last one.
 struct LastContact
 {
     explicit LastContact(CContactLocalManager& directory, const SampleContact& contact)

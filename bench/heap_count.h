@@ -1,4 +1,4 @@
-// Counts the heap of the whole process, the libraries' too. Where another tool has put its own
+// Counts the heap of the whole process, the libraries' too. If another tool has put its own
 // allocator in place, nothing is counted.
 
 #ifndef NSDIRECTORY_BENCH_HEAP_COUNT_H

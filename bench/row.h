@@ -14,13 +14,13 @@ struct Pair
 {
     Step m_product;
     Step m_reference;
-    // Runs after each of them, uncounted, where the work leaves something behind. Without it a
+    // Runs after each of them, uncounted, if the work leaves something to undo. Without it a
     // step can be repeated at once, and short ones are counted in batches.
     Step m_restore = {};
-    int m_nWorks = 1;  // works in one step; times are told for one of them
+    int m_nWorks = 1;  // works in one step; times are reported for one of them
 };
 
-inline constexpr double NO_AIM = 0.0;  // told in the table, judged by nobody
+inline constexpr double NO_AIM = 0.0;  // shown in the table, judged by nobody
 
 struct Row
 {

@@ -56,7 +56,7 @@ SampleContact Contact(std::mt19937& random, Numbers numbers, int nIndex,
     return {Name(static_cast<std::size_t>(nIndex)), Number(random, numbers),
             Number(random, numbers), Number(random, numbers), nIndex % 4,
             nIndex % 10 == 0 ? "/config/rings/ring_" + std::to_string(nIndex % 7) + ".wav" : "",
-            // Half of the contacts stand in no user group.
+            // Half of the contacts are in no user group.
             nIndex % 2 == 0 ? groups[0] : groups[2 + random() % USER_GROUPS_IN_USE],
             bPhoto ? "/config/photos/" + std::to_string(nIndex) + ".png" : "", bPhoto ? 1 : 0};
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// Fields in the order in which they stand in the file.
+// Fields in the order of the file.
 struct SampleContact
 {
     std::string m_strName;
@@ -34,7 +34,7 @@ inline constexpr char NUMBER_OF_NOBODY[] = "07771234567";
 inline constexpr char FEW_BITS_OF_NOBODY[] = "100";
 inline constexpr char SHORT_NUMBER_OF_NOBODY[] = "07771234567890";
 inline constexpr char LONG_NUMBER_OF_NOBODY[] = "077712345678901";
-// Of the last contact alone; the second and third only where numbers stand in both forms.
+// Of the last contact alone; the second and third only if numbers are in both forms.
 inline constexpr char LAST_NUMBER[] = "01709876543";
 inline constexpr char LAST_SHORT_NUMBER[] = "01709876543210";
 inline constexpr char LAST_LONG_NUMBER[] = "017098765432109";

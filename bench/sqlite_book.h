@@ -23,7 +23,7 @@ class CSqliteBook
     CSqliteBook(const CSqliteBook&) = delete;
     CSqliteBook& operator=(const CSqliteBook&) = delete;
 
-    // The name of a contact that has the number; empty where there is none.
+    // The name of a contact that has the number; empty if there is none.
     std::string NameOf(const char* pNumber);
 
   private:

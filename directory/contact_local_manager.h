@@ -197,7 +197,7 @@ class NSDIRECTORY_API CContactLocalManager
     ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
     ///   3. DIR_RET_GROUP_EXIST, the exact name exists
     ///   4. DIR_RET_GROUP_FULL
-    ///   5. DIR_RET_GROUP_ID_FAIL, there is no id to be had
+    ///   5. DIR_RET_GROUP_ID_FAIL, no id is free
     ///   6. DIR_RET_INVALID, the name is empty
     ///   7. DIR_RET_GROUP_EXIST, a user group's name is equal under strcasecmp
     ///   8. DIR_RET_NO_MEMORY
@@ -604,8 +604,8 @@ class NSDIRECTORY_API CContactLocalManager
     bool m_bReloadByHttp = false;
 
     // What a shortage of memory has left undone. A file is unread if the list may hold a part of it
-    // only, or, for the contacts, if their groups are unread; it is unsaved if it is behind the
-    // list. No save happens while its file is unread, no edit reloads while a file is unsaved.
+    // only, or, for the contacts, if their groups are unread; it is unsaved if it is older than
+    // the list. No save happens while its file is unread, no edit reloads while a file is unsaved.
     bool m_bGroupUnread = false;
     bool m_bContactUnread = false;
     bool m_bGroupUnsaved = false;

@@ -22,7 +22,7 @@ enum SearchFieldType
 };
 
 /// A piece of a text as the directory holds it, in bytes. It never cuts a character, nor the
-/// accents behind it.
+/// accents after it.
 struct SearchPlaceData
 {
     int m_nOffset = 0;

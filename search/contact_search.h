@@ -61,11 +61,10 @@ class NSDIRECTORY_API CContactSearch
 
     /// Finds the contacts whose name has, for each word of pText, a word of its own that begins
     /// with it, in any order. If the name does not match, it finds the first of the contact's
-    /// numbers that contains pText, whatever stands in either besides letters, digits, *, # and +.
+    /// numbers that contains pText. Only letters, digits, *, # and + are compared.
     /// A text that has none of these finds nothing.
-    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and what is
-    /// left
-    ///   of the array is untouched. With nMost 0 it counts only.
+    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and the
+    ///   rest of the array is untouched. With nMost 0 it counts only.
     /// - Refuses: DIR_RET_NULL_ARGUMENT, pText is null, or pMatches is and nMost is above 0;
     ///   DIR_RET_NO_MEMORY; DIR_RET_INVALID, more than SEARCH_WORDS_MAX words. The array is
     ///   untouched.
@@ -74,7 +73,7 @@ class NSDIRECTORY_API CContactSearch
 
     /// Finds the contacts by keys pressed, one for each letter or digit of a name from the
     /// beginning of one of its words on. 2 to 9 are for their letters, Latin, Greek and Cyrillic; 0
-    /// or 1 is for whatever stands between two words, pressed once; any is for its digit. Letters
+    /// or 1, pressed once, is for what separates two words; any is for its digit. Letters
     /// of other alphabets are on no key. If the name does not match, it finds the first of the
     /// contact's numbers that contains the keys, as FindByText() does; *, # and + are for numbers
     /// only. No keys find nothing.

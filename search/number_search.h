@@ -43,8 +43,8 @@ class NSDIRECTORY_API CNumberSearch
     CNumberSearch& operator=(const CNumberSearch&) = delete;
 
     /// Reads all contacts afresh, page by page, and brings all their numbers into one form, which
-    /// takes some 10 microseconds of a workstation for each number. pCountry is where the telephone
-    /// stands, two capital letters as "DE" (ISO 3166), also for the searches that follow.
+    /// takes some 10 microseconds of a workstation for each number. pCountry is the country of the
+    /// telephone, two capital letters such as "DE" (ISO 3166); later searches use it too.
     /// - Returns: how many contacts it holds.
     /// - Refuses: DIR_RET_NULL_ARGUMENT; DIR_RET_INVALID, there is no such country;
     ///   DIR_RET_NO_MEMORY. It then holds what it held before.

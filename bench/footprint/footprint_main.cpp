@@ -220,7 +220,7 @@ const char* FilesWritten(long nWritten)
     return nWritten > 2 * nContacts + nGroups ? "contacts many times, groups" : "another file";
 }
 
-// A heap of 0 of the bare calls stands for none. Returns the heap of the call.
+// A heap of 0 of the bare calls means that there are none. Returns the heap of the call.
 long Report(const char* pName, long nBareHeap, const Step& prepare, const Step& call)
 {
     const CallCost cost = CostOf(prepare, call);

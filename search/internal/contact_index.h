@@ -5,7 +5,7 @@
 //   words    form, field and place of each, those of the name first, then those of the numbers
 //   entries  for each contact where its texts begin and which words are its own
 //
-// A form that is the text as it stands is kept once.
+// A form that is equal to the text is kept once.
 
 #ifndef NSDIRECTORY_SEARCH_INTERNAL_CONTACT_INDEX_H
 #define NSDIRECTORY_SEARCH_INTERNAL_CONTACT_INDEX_H

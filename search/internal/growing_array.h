@@ -41,7 +41,7 @@ class CGrowingArray
 
     bool Append(const T& value) { return Append(&value, 1); }
 
-    // Drops what stands from nCount on.
+    // Drops all elements from nCount on.
     void CutTo(std::uint32_t nCount) { m_nCount = nCount; }
 
     // For an array that grows no more. If it cannot be made smaller it stays as it is.

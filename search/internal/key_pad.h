@@ -1,4 +1,4 @@
-// The keys of a telephone on which letters stand.
+// The keys of a telephone that have letters.
 
 #ifndef NSDIRECTORY_SEARCH_INTERNAL_KEY_PAD_H
 #define NSDIRECTORY_SEARCH_INTERNAL_KEY_PAD_H
@@ -6,7 +6,7 @@
 namespace NS_DIRECTORY {
 
 // The key, '0' to '9', of the first character of a folded text that is not empty, or NO_KEY. pForm
-// moves behind the character.
+// moves past the character.
 char TakeKey(const char*& pForm);
 
 inline constexpr char NO_KEY = ' ';

@@ -28,7 +28,7 @@ bool Types(const char* pKeys, const IndexEntryData& entry, const WordData* pWord
     return *pKeys == '\0' || (bGap && TypesFromNextWord(pKeys + 1, entry, pWord, part));
 }
 
-// The same for any form of the word behind this one.
+// The same for any form of the next word.
 bool TypesFromNextWord(const char* pKeys, const IndexEntryData& entry, const WordData* pWord,
                        FormPartData& part)
 {

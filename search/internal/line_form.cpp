@@ -18,7 +18,7 @@ namespace {
 using i18n::phonenumbers::PhoneNumber;
 using i18n::phonenumbers::PhoneNumberUtil;
 
-// The international form, with the extension behind it if there is one. Empty for what is no number
+// The international form, with the extension after it if there is one. Empty for what is no number
 // of a line that others can call.
 std::string InternationalForm(const char* pNumber, const char* pCountry)
 {

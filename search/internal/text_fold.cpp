@@ -32,7 +32,7 @@ struct CharacterData
 {
     CharacterType m_eType = CHARACTER_GAP;
     std::uint32_t m_nSourceBytes = 1;
-    bool m_bWithE = false;  // the second form has an e behind the first one
+    bool m_bWithE = false;  // the second form has an e after the first one
     std::uint32_t m_nFormBytes = 0;
     char m_form[FORM_MAX + 1] = {};  // with room for the e
 

@@ -52,7 +52,7 @@ std::string ReasonOf(int nCode, const ContactLimits& limits, const ItemData* pPr
     }
 }
 
-// What a save writes for a group, to be compared with what stands in the file.
+// What a save writes for a group, to be compared with what is in the file.
 pugi::xml_node Write(CXmlOutput& output, const CContactLocalManager::GroupData& group)
 {
     const pugi::xml_node root = output.AppendRoot(ELEMENT_ROOT_GROUP);

@@ -17,7 +17,7 @@ class CFileCheck
 
     bool IsAbsent() const { return m_report.m_bAbsent; }
 
-    // What a load reads; null where there is no such root.
+    // What a load reads; null if there is no such root.
     pugi::xml_node Root() const { return m_input.Root(); }
 
     // Finds where the parser stopped, whether there is a root, and what a load passes over.

@@ -9,7 +9,7 @@
 
 enum class FindingKind
 {
-    PARSER_STOPPED,     // what stands behind is not read
+    PARSER_STOPPED,     // what follows is not read
     NO_ROOT,            // nothing in the file is read
     NOT_WELL_FORMED,    // read here, but strict XML readers refuse the file
     REFUSED,            // the group or contact is not taken
@@ -21,8 +21,8 @@ enum class FindingKind
 struct FindingData
 {
     FindingKind m_kind;
-    int m_nLine;               // 0 where it has none
-    std::ptrdiff_t m_nOffset;  // of the element's name, in bytes; -1 where it has none
+    int m_nLine;               // 0 if it has none
+    std::ptrdiff_t m_nOffset;  // of the element's name, in bytes; -1 if it has none
     std::string m_strSubject;  // the group or contact; may be empty
     std::string m_strText;
 };
@@ -33,8 +33,8 @@ struct FileReportData
     bool m_bAbsent = false;
     std::string m_strParserStatus;
     int m_nRefused = 0;
-    // In the order of the file. Of one element what is not well-formed comes first, then whether it
-    // is taken and its group, then its attributes in their order, then what stands inside.
+    // In the order of the file. For one element: what is not well-formed, then whether it is
+    // taken and its group, then its attributes in their order, then what is inside.
     std::vector<FindingData> m_findings;
 };
 

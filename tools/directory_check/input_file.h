@@ -1,4 +1,4 @@
-// What stands at a path. A file is read only if it is a regular one: a pipe or a device might never
+// What is at a path. A file is read only if it is a regular one: a pipe or a device might never
 // end.
 
 #ifndef NSDIRECTORY_TOOLS_DIRECTORY_CHECK_INPUT_FILE_H

@@ -57,7 +57,7 @@ class Property:
 @dataclasses.dataclass
 class Card:
     line: int  # of its BEGIN
-    lines: list = dataclasses.field(default_factory=list)  # as they stand, without line ends
+    lines: list = dataclasses.field(default_factory=list)  # as read, without line ends
     has_end: bool = False
     broken_lines: int = 0
     properties: list[Property] = dataclasses.field(default_factory=list)
@@ -118,7 +118,7 @@ def is_agent(lines, marks, place):
 
 def logical_lines(lines):
     """The lines unfolded, and joined at soft breaks."""
-    # In 2.1 a fold stands before a blank of the text; later versions put one in.
+    # In 2.1 a fold is before a blank of the text; later versions add one.
     blank = 0 if any(re.match(rb"VERSION:\s*2", line, re.IGNORECASE) for line in lines) else 1
     logical, is_soft, is_base64 = bytearray(), False, False
     for line in lines:
@@ -191,5 +191,5 @@ def folded(line):
         while line[end] & 0xC0 == 0x80:
             end -= 1
         pieces.append(line[:end])
-        line, room = line[end:], FOLD_AT - 1  # a blank stands before it
+        line, room = line[end:], FOLD_AT - 1  # a blank is before it
     return b"\r\n ".join([*pieces, line]) + b"\r\n"

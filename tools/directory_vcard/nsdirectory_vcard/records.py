@@ -68,7 +68,7 @@ class Entry:
     file: str
     line: int
     values: dict  # of a Contact, the ones that are stated
-    # By preference. Without one it is not stated, or stands in the values, and then is not made.
+    # By preference. Empty if no group is stated, or if the values hold it; then none is made.
     group_names: list[str] = dataclasses.field(default_factory=list)
     remarks: list = dataclasses.field(default_factory=list)  # pairs of kind and reason
 

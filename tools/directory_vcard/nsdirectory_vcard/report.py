@@ -31,7 +31,7 @@ def print_report(report, as_json):
     """The report is a dictionary; what is not findings is printed in one line by its summary."""
     findings = report["findings"]
     if as_json:
-        # In ASCII, so that bytes that are no UTF-8 stand as escapes.
+        # In ASCII, so that bytes that are no UTF-8 are shown as escapes.
         print(json.dumps({**report, "findings": [vars(finding) for finding in findings]}, indent=2))
         return
     for finding in findings:
