@@ -78,8 +78,7 @@ constexpr CommandData COMMANDS[] = {
      "All groups but the two fixed ones are to be removed?"},
     {"export", "[PATH]", 0, 1, Expected::NOTHING, Expected::NOTHING, Export,
      "Writes groups and contacts into one file. PATH counts from the working folder; without it "
-     "the "
-     "export goes into the data folder."},
+     "the export goes into the data folder."},
     {"files", "[LINES]", 0, 1, Expected::NOTHING, Expected::NOTHING, ShowFiles,
      "The two files of the directory: size and first lines."},
     {"summary", "", 0, 0, Expected::NOTHING, Expected::NOTHING, ShowSummary,
