@@ -19,10 +19,10 @@ struct EditRow
     int (*m_pCall)(Manager& m);
 };
 
-// The first one fills the directory, also a new one. Each finds what it works on, round after
-// round.
+// Each finds what it works on, from a new directory on and round after round.
 // clang-format off
 inline const EditRow EDITS[] = {
+    {"AddGroup", [](Manager& m) { return m.AddGroup({"Delta", "delta.wav"}); }},
     {"several calls", [](Manager& m) {
         (void)m.AddGroup({"Company", ""});
         (void)m.AddGroup({"Family", "family.wav"});
@@ -30,10 +30,12 @@ inline const EditRow EDITS[] = {
         (void)m.AddBlackContact(FullContact("Bob"));
         (void)m.AddContact("Company", FullContact("Carl"));
         return m.AddContact("All Contacts", FullContact("Dora")); }},
-    {"AddGroup", [](Manager& m) { return m.AddGroup({"Delta", "delta.wav"}); }},
     {"ring", [](Manager& m) { return m.UpdateGroupData("Family", {"Family", "f.wav"}); }},
     {"rename", [](Manager& m) { return m.UpdateGroupData("Company", {"Zebra and other striped friends", "z.wav"}); }},
-    {"AddContact", [](Manager& m) { return m.AddContact("Family", FullContact("Emil")); }},
+    {"AddContact and a look for its ring, whose absence covers earlier errors", [](Manager& m) {
+        const int nResult = m.AddContact("Family", FullContact("Emil"));
+        (void)m.GetContactRingByNumber("030 1", "");
+        return nResult; }},
     {"refused", [](Manager& m) { return m.AddContact("Family", FullContact("Emil")); }},
     {"AddContactById", [](Manager& m) { return m.AddContactById(2, FullContact("Fritz")); }},
     {"AddBlackContact", [](Manager& m) { return m.AddBlackContact(FullContact("Gerd")); }},
@@ -51,7 +53,7 @@ inline const EditRow EDITS[] = {
     {"RemoveAllGroup", [](Manager& m) { return m.RemoveAllGroup(); }},
     {"RemoveAllContacts", [](Manager& m) { return m.RemoveAllContacts(0); }}};
 // clang-format on
-inline const EditRow& FILL = EDITS[0];
+inline const EditRow& FILL = EDITS[1];
 inline const EditRow& RENAME = EDITS[3];
 
 inline constexpr char COPY_FOLDER[] = "copies";

@@ -7,6 +7,8 @@
 #ifndef NSDIRECTORY_TESTS_SUPPORT_DISK_CALLS_H
 #define NSDIRECTORY_TESTS_SUPPORT_DISK_CALLS_H
 
+#include <fcntl.h>
+
 #include <map>
 #include <string>
 #include <vector>
@@ -26,6 +28,11 @@ struct DiskCallData
     int m_nFile = -1;
     DiskEnd m_end = DiskEnd::DONE;
 };
+inline bool Changes(const DiskCallData& call)
+{
+    return call.m_call == DiskCall::WRITE || call.m_call == DiskCall::RENAME ||
+           call.m_call == DiskCall::UNLINK || (call.m_nFlags & O_CREAT) != 0;
+}
 using DiskCalls = std::vector<DiskCallData>;
 
 struct DiskFaultData

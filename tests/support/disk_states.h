@@ -57,7 +57,7 @@ class CDiskStates
     // end: then false, and a part of it.
     bool Collect(std::set<Files>& states) const
     {
-        constexpr std::size_t MOST = 20000;
+        constexpr std::size_t MOST = 5000;
         bool bAll = true;
         for (const Entries& entries : Layouts()) {
             std::vector<Files> partial(1);
