@@ -13,10 +13,12 @@ TEST_F(BoundaryTest, TheDeviceIsAskedForOneRingAndOneSwitch)
 {
     Start({{"Family", "family.wav"}}, {{"Bob", "Family", "100", "", "", "gone.wav"}});
     EXPECT_STREQ(Directory().GetContactRingByNumber("100", "").c_str(), "family.wav");
-    EXPECT_EQ(g_device.m_listFilesAsked.back(), "gone.wav") << "the group's file is not asked for";
+    EXPECT_STREQ(g_device.m_szFileAsked, "gone.wav") << "the group's file is not asked for";
+    EXPECT_EQ(Directory().ReloadContactXml(), 1);
+    EXPECT_STREQ(g_device.m_szFileAsked, CONTACT_FILE);
     ContactGroupSimpleListData page;
     EXPECT_EQ(Directory().GetGroupSimpleList(&page), 1);
-    EXPECT_EQ(g_device.m_listConfigAsked, Texts{"HistoryBlackListShowSwitch 1"});
+    EXPECT_STREQ(g_device.m_szConfigAsked, "HistoryBlackListShowSwitch 1");
 }
 
 TEST_F(BoundaryTest, ErrnoStaysAsItWasIfNothingFails)

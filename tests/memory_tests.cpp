@@ -133,7 +133,6 @@ class MemoryTest : public DirectoryTest
         const pid_t nChild = fork();
         if (nChild == 0) {
             Manager& directory = Directory();
-            g_device.m_bTakesNotes = false;
             g_heap.m_bRefusesOnlyOne = bOnlyOne;
             g_heap.m_nLeft = nBlocks;
             const int nResult = row.m_pCall(directory);
@@ -189,12 +188,12 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     for (int n = 100; n < 300; ++n) {  // more than a page of the XML library
         rows.emplace_back("c" + std::to_string(n), "Family");
     }
-    g_device.m_bTakesNotes = false;
     for (const int nFailing : {1, 3, 5}) {  // the groups, the contacts, all but part of them
         Start({{"Club"}, {"Company"}, {"Family"}}, rows);
         FileCalls calls;
         calls.Fail(FileCalls::XML_MEMORY, nFailing);
         Restart();
+        (void)Directory().SetMaxBlackCount(0);  // that it is full is no reason yet
         EXPECT_LT(Directory().GetCurrentContactCount() * Directory().GetCurrentGroupCount(), 1000);
         for (std::size_t n = 3; n < CALLS.size(); ++n) {  // the mutators
             SCOPED_TRACE(Joined(CALLS[n].m_pName, ", allocation ", nFailing));

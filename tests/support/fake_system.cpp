@@ -44,15 +44,14 @@ int IsColorfulScreen()
 
 int ZMK_MiscHelper::pathFileExist(const char* path)
 {
-    if (g_device.m_bTakesNotes) {
-        g_device.m_listFilesAsked.emplace_back(path);
-    }
+    std::snprintf(g_device.m_szFileAsked, sizeof(g_device.m_szFileAsked), "%s", path);
     return access(path, F_OK) == 0 ? 2 : 0;
 }
 
 int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level)
 {
-    g_device.m_listConfigAsked.push_back(std::string(name) + ' ' + std::to_string(int{level}));
+    std::snprintf(g_device.m_szConfigAsked, sizeof(g_device.m_szConfigAsked), "%s %d", name,
+                  int{level});
     return g_device.m_nConfigValue;
 }
 
@@ -90,26 +89,5 @@ size_t fwrite(const void* data, size_t size, size_t count, FILE* file)
         return 0;
     }
     return Real(fwrite, "fwrite")(data, size, count, file);
-}
-
-int fflush(FILE* file)
-{
-    return Refuses(FileCalls::FLUSH) ? EOF : Real(fflush, "fflush")(file);
-}
-
-int fclose(FILE* file)
-{
-    const int nResult = Real(fclose, "fclose")(file);
-    return Refuses(FileCalls::CLOSE) ? EOF : nResult;
-}
-
-int fseek(FILE* file, long offset, int origin)
-{
-    return Refuses(FileCalls::SEEK) ? -1 : Real(fseek, "fseek")(file, offset, origin);
-}
-
-long ftell(FILE* file)
-{
-    return Refuses(FileCalls::TELL) ? -1 : Real(ftell, "ftell")(file);
 }
 }

@@ -14,8 +14,9 @@ struct FakeDevice
 {
     bool m_bColorful = true;
     int m_nConfigValue = 0;
-    bool m_bTakesNotes = true;                            // which takes memory
-    Texts m_listFilesAsked = {}, m_listConfigAsked = {};  // paths; "key level"
+    // What it was asked last: a path; "key level". Noted without memory, which may be short.
+    char m_szFileAsked[100] = "";
+    char m_szConfigAsked[100] = "";
 };
 inline FakeDevice g_device;
 
@@ -23,9 +24,14 @@ inline FakeDevice g_device;
 class FileCalls
 {
   public:
-    // clang-format off
-    enum Kind { OPEN, READ, WRITE, FLUSH, CLOSE, SEEK, TELL, XML_MEMORY, KIND_COUNT };
-    // clang-format on
+    enum Kind
+    {
+        OPEN,
+        READ,
+        WRITE,
+        XML_MEMORY,
+        KIND_COUNT
+    };
 
     FileCalls();
     FileCalls(const FileCalls&) = delete;
