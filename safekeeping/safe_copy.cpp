@@ -1,6 +1,5 @@
-// The guard of an edit: copy, mark, edit, sync, judge, unmark, copy again. What each of these
-// leaves behind when it is interrupted is put in order by the next one, and before a start by
-// Restore().
+// The guard of an edit: copy, mark, edit, sync, judge, unmark, copy again. If one of these is
+// interrupted, the next edit puts in order what is left, or Restore() before the next start.
 
 #include "safekeeping/safe_copy.h"
 
@@ -28,7 +27,7 @@ struct SafeCopyStateData
     qz::basic_string<char> m_strCopyFolder;
     bool m_bUnderWay = false;     // between the two halves of an edit
     bool m_bUndoPending = false;  // an edit could not be undone; its mark is set
-    // How it stood before the edit.
+    // The state before the edit.
     DirectoryNumbersData m_limits = {};
     DirectoryNumbersData m_counts = {};
     ComparisonData m_arrBefore[SAFE_FILE_COUNT];
@@ -36,7 +35,7 @@ struct SafeCopyStateData
 
 namespace {
 
-// Setting the photo of nobody to the default one has the contact file written.
+// SetDefaultPhoto() writes the contact file, even if no contact has the photo.
 constexpr char PHOTO_OF_NOBODY[] = "safe_copy: no contact has this photo";
 
 constexpr int RESTORED = 1;
@@ -94,7 +93,7 @@ bool HoldsMoreThanLimits(const CContactLocalManager& directory, const Comparison
 
 // -- Copies --
 
-// A missing file is right if the copies say so, and without any on a device that is new.
+// A missing file is right if the manifest says so; without a manifest, on a new device.
 bool IsRightlyAbsent(const CFilePair& pair, int nFile, bool bOtherAbsent)
 {
     return pair.HasManifest() ? !pair.Copied(nFile).m_bPresent
@@ -120,8 +119,8 @@ SoundnessData TestFiles(const CFilePair& pair, const FileForm (&arrForm)[SAFE_FI
     return result;
 }
 
-// Copies the files as they are, if the copies do not hold them yet. Then they are durable; if not,
-// bSync has them made so.
+// Copies the files as they are, if the copies do not hold them yet, and makes them durable for
+// that. If the copies hold them already, only bSync makes the files durable.
 bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT], bool bSync)
 {
     FilePairData files;
@@ -135,7 +134,7 @@ bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT],
     const SoundnessData sound =
         TestFiles(pair, {arrFile[SAFE_GROUPS].m_form, arrFile[SAFE_CONTACTS].m_form});
     bool bKnown = false;
-    // A broken file must not replace its whole copy: Restore() will need that.
+    // A broken file must not replace its whole copy: Restore() will need the copy.
     if (!(sound.m_arrSound[SAFE_GROUPS] && sound.m_arrSound[SAFE_CONTACTS]) &&
         copy == CopyState::WHOLE && (pair.IsCopySound(bKnown) || !bKnown)) {
         return false;
@@ -143,7 +142,7 @@ bool MakeCopy(CFilePair& pair, const ComparisonData (&arrFile)[SAFE_FILE_COUNT],
     return pair.SyncFiles(true) && pair.Renew(files) && pair.FindCopy() == CopyState::WHOLE;
 }
 
-// After an edit or a way back. If it fails, the next edit makes the copies.
+// After an edit, done or undone. If it fails, the next edit makes the copies.
 void Follow(CFilePair& pair, const FilePairData& files)
 {
     if (!pair.HoldsCopyOf(files)) {
@@ -170,8 +169,8 @@ bool WriteContacts(CContactLocalManager& directory, const CFilePair& pair,
     return CompareBoth(directory, pair, arrResult) && !IsMemoryAhead(arrResult);
 }
 
-// Memory is ahead. A whole contact file is written over under guard, so that a failure costs
-// nothing of it.
+// Memory is ahead of the files. A whole contact file is rewritten under guard, so that a failed
+// write does not cost it.
 int BringTogether(CContactLocalManager& directory, CFilePair& pair,
                   ComparisonData (&arrResult)[SAFE_FILE_COUNT])
 {
@@ -199,8 +198,9 @@ bool IsAsBefore(const ComparisonData& now, const ComparisonData& before)
     return !now.m_bMemoryAhead && (!now.m_bFileAhead || before.m_bFileAhead);
 }
 
-// The files are as before; memory follows. Nothing that they hold may fall to a limit. A list that
-// could not be read may be empty or may have stayed as it was, so it is compared.
+// The files are as before, and memory must be too. The limits are raised for the reload, so that
+// none refuses what the files hold. If memory runs short the lists may be anything, so they are
+// compared.
 bool Reload(CContactLocalManager& directory, const CFilePair& pair, const SafeCopyStateData& state)
 {
     const DirectoryNumbersData& before = state.m_counts;
@@ -221,7 +221,7 @@ int Undo(CContactLocalManager& directory, SafeCopyStateData& state)
 {
     CFilePair pair(state.m_strCopyFolder.c_str());
     const CopyState copy = pair.FindCopy();
-    // A mark that was left behind may not be durable yet.
+    // A mark that is left from before may not be durable yet.
     const bool bMarked = !state.m_bUndoPending || pair.SetMark();
     const bool bUndone = copy == CopyState::WHOLE && bMarked && pair.PutBack(SAFE_GROUPS, true) &&
                          Reload(directory, pair, state) && pair.ClearMark();
@@ -236,8 +236,8 @@ int Undo(CContactLocalManager& directory, SafeCopyStateData& state)
 
 // -- Judging --
 
-// What a call may leave in errno that has worked, or that the edit made for reasons of its own. No
-// file of an existing folder fails to be opened, written or closed for these.
+// These are left in errno by calls that have worked, or by questions of the edit's own. No file of
+// an existing folder fails to be opened, written or closed with them.
 bool IsHarmless(int nError)
 {
     return nError == ENOENT || nError == ENOTTY || nError == ESPIPE || nError == ERANGE ||
@@ -253,7 +253,7 @@ bool IsFileRight(const ComparisonData& now, const ComparisonData& before, bool b
 }
 
 // An AddGroup, a new name and a RemoveGroup take into memory what a failed write has left, so
-// memory and files alone do not tell: the system does. But it may also have met with something that
+// memory and files alone do not show it; errno does. But errno may also come from something that
 // concerns no file, and an edit that was refused and changed nothing keeps its answer.
 bool HasArrived(const CContactLocalManager& directory, const CFilePair& pair,
                 const SafeCopyStateData& state, int nResult, int nError, FilePairData& files)
@@ -276,7 +276,7 @@ bool HasArrived(const CContactLocalManager& directory, const CFilePair& pair,
     return nError == 0 || (bChanged ? IsHarmless(nError) : nResult < 0);
 }
 
-// A contact file that was only made for the guard goes, unless the edit has put contacts into it.
+// Removes a contact file that was only made for the guard, if it is still empty.
 void RemoveEmptyContacts(const CContactLocalManager& directory, const CFilePair& pair)
 {
     if (pair.Copied(SAFE_CONTACTS).m_bPresent) {
@@ -300,7 +300,7 @@ int Prepare(CContactLocalManager& directory, SafeCopyStateData& state, CFilePair
         !CompareBoth(directory, pair, state.m_arrBefore)) {
         return SAFE_RET_NO_COPY;
     }
-    // Cut by another process, or by one before a start: memory stands on its files.
+    // Cut by another process, or before this start without a Restore(): memory holds what it left.
     if (mark == MarkState::SET && copy == CopyState::WHOLE) {
         return SAFE_RET_NOT_UNDONE;
     }
@@ -392,7 +392,7 @@ int CSafeCopy::MyBeginEdit()
         return m_pState->m_bUndoPending ? SAFE_RET_NOT_UNDONE : SAFE_RET_NO_COPY;
     }
     m_pState->m_bUnderWay = true;
-    // A missing file would have the system say so on every reload, over what it has said before.
+    // A missing file would set errno at every reload and so cover an earlier error.
     if (!pair.Copied(SAFE_CONTACTS).m_bPresent) {
         (void)pDirectory->SetDefaultPhoto(PHOTO_OF_NOBODY);  // a file that is not whole is found
     }
@@ -419,11 +419,11 @@ int CSafeCopy::MyEndEdit(int nResult)
         Follow(pair, files);
         return nResult;
     }
-    // The mark stands, or it may come back after a power cut. So the edit must go.
+    // The mark is still there, or it may come back after a power cut. So the edit must go.
     if (pair.SetMark()) {
         return Undo(directory, *m_pState);
     }
-    // Where it cannot be set, the state is the one that is to be seen.
+    // If it cannot be set, what counts is whether it is there.
     m_pState->m_bUndoPending = pair.FindMark() != MarkState::CLEAR;
     return m_pState->m_bUndoPending ? SAFE_RET_NOT_UNDONE : nResult;
 }

@@ -11,14 +11,14 @@ namespace NS_DIRECTORY {
 
 inline constexpr int SAFE_RET_NO_COPY = -200;      ///< no copy could be made, or there is none
 inline constexpr int SAFE_RET_NOT_WRITTEN = -201;  ///< the edit did not reach the disk, is undone
-inline constexpr int SAFE_RET_NOT_UNDONE = -202;   ///< a copy stands, and cannot be put back now
+inline constexpr int SAFE_RET_NOT_UNDONE = -202;   ///< there is a copy, not put back yet
 
 struct SafeCopyStateData;
 
 /// Guards edits by a copy of both files.
 ///
 /// The library rewrites its files in place, syncs nothing and reports no failed write. Under this
-/// guard an edit is done whole and lies on the disk, or has not happened and says so.
+/// guard an edit is done whole and is on the disk, or it has not happened and its result says so.
 ///
 ///     CSafeCopy safe("/backup/phone_book");
 ///     (void)safe.Restore();  // before the directory reads its files
@@ -34,7 +34,7 @@ struct SafeCopyStateData;
 /// to any of them. A copy has the rights of its original, or fewer.
 ///
 /// **The folder of the copies** may be on another file system. On the same one a copy is put back
-/// by a rename, which needs no free space. A copy is made beside the one that stands, so each edit
+/// by a rename, which needs no free space. A copy is made beside the old one, so each edit
 /// needs room for one more copy of each file that it changes.
 ///
 /// **Threads.** None and no locks: as with the directory itself, one call at a time. There is one
@@ -54,7 +54,7 @@ class NSDIRECTORY_API CSafeCopy
     /// root: always the pair. Whole files without the mark of an edit stay, however old the copies
     /// are. Call it before GetInstance(), also on a new device.
     /// - Returns: 1, the copies were put back; 0, there was nothing to do.
-    /// - Refuses:
+    /// - Refuses, in order:
     ///   1. SAFE_RET_NO_COPY, a file is broken or an edit was cut, and there is no whole copy
     ///   2. SAFE_RET_NOT_UNDONE, there is one, or that cannot be found out now, and it could not be
     ///      put back: nothing is lost, but the directory should not start on these files
@@ -65,17 +65,20 @@ class NSDIRECTORY_API CSafeCopy
     /// earlier write failed, the contact file is written again first. Call it after GetInstance()
     /// and after edits that were not guarded.
     /// - Returns: 1.
-    /// - Refuses: SAFE_RET_NO_COPY. The copy that stood before still stands; a broken file does not
-    ///   replace the whole copy of it.
+    /// - Refuses: SAFE_RET_NO_COPY. The old copies are still there: a broken file never replaces
+    /// the
+    ///   whole copy of it.
     /// - Writes: the copies, if the files have changed.
     int Keep();
 
     /// Runs edit, a callable `int (CContactLocalManager&)`, under guard. It may make any number of
     /// calls and is one edit: all of it is done, or nothing. It must not throw, release the
-    /// instance or call this object.
+    /// instance or call this object. It leaves errno as the directory's calls leave it: if a later
+    /// call writes over what a failed one has left of the groups, only errno shows the failure. So
+    /// it asks for no rings and files after an edit of groups.
     /// - Returns: what edit returns, if its changes are in memory and durable in the files, or if
     ///   it changed nothing.
-    /// - Refuses:
+    /// - Refuses, in order:
     ///   1. SAFE_RET_NOT_UNDONE, an earlier edit is still to be undone; edit was not run
     ///   2. SAFE_RET_NO_COPY, no copy of the present state could be made; edit was not run
     ///   3. SAFE_RET_NOT_WRITTEN, the changes did not reach the disk: memory, limits and both files

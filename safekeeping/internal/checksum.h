@@ -1,5 +1,5 @@
-// CRC-32 of a content, not inverted at its end, by which the manifest knows it again. It stands
-// here because it is a dozen lines, and a library for it would have to come to every device.
+// CRC-32 of a content, not inverted at its end, by which the manifest knows it again. It is a
+// dozen lines; a library for it would have to be on every device.
 
 #ifndef NSDIRECTORY_SAFEKEEPING_INTERNAL_CHECKSUM_H
 #define NSDIRECTORY_SAFEKEEPING_INTERNAL_CHECKSUM_H

@@ -1,5 +1,6 @@
-// Each entry of a file, group or contact, is laid out as texts and numbers; so is each one that
-// memory hands out. The entries of the file are sorted, and every one of memory strikes its like.
+// Each entry of a file, group or contact, is an array of texts and numbers; so is each one that the
+// directory hands out. The entries of the file are sorted, and each one of memory strikes its
+// equal.
 //
 // What memory does not hand out is not compared: the read-only mark of a group, the names of
 // missing groups that contacts keep, photos on a plain screen. Over an empty group list contacts
@@ -85,7 +86,7 @@ class CEntries
     EntryData* begin() const { return m_pBegin; }
     EntryData* end() const { return m_pEnd; }
 
-    // False if none like it is left.
+    // False if no equal one is left.
     bool Strike(const EntryData& entry)
     {
         EntryData* pEntry = std::lower_bound(m_pBegin, m_pEnd, entry, IsBefore);
@@ -114,8 +115,8 @@ struct TextData
     char* m_pText = nullptr;
 };
 
-// A file's document. The text is parsed in place, since a copy would take as much memory again. So
-// it ends after the document.
+// A file's document. The text is parsed in place, since a copy would take as much memory again, so
+// it must outlive the document.
 struct DocumentData
 {
     TextData m_text;
@@ -254,7 +255,8 @@ int StrikePage(const ContactGeneralItemListData& page, CEntries& entries)
     return nStruck;
 }
 
-// Strikes what one list of memory shows; how many that are. By pages, since each takes memory.
+// Strikes the contacts of one list and returns how many matched. By pages, since a page takes
+// memory.
 int StrikeList(const CContactLocalManager& directory, int nGroupId, CEntries& entries)
 {
     int nStruck = 0;
@@ -270,7 +272,7 @@ int StrikeList(const CContactLocalManager& directory, int nGroupId, CEntries& en
     return nStruck;
 }
 
-// A contact that is not handed out has a group that is not there, and that stands in no file.
+// A contact that is not handed out has a missing group, which no file names.
 bool StrikeAllContacts(const CContactLocalManager& directory, int nCount, CEntries& entries)
 {
     return StrikeList(directory, GROUP_ID_ALL, entries) +
@@ -278,7 +280,7 @@ bool StrikeAllContacts(const CContactLocalManager& directory, int nCount, CEntri
            nCount;
 }
 
-// Nameless contacts cannot be asked for: one of them counts as known.
+// A contact without a name cannot be asked for: one of them counts as known.
 bool StrikeNames(const CContactLocalManager& directory, int nCount, CEntries& entries)
 {
     int nKnown = 0;
@@ -301,7 +303,7 @@ void CompareContacts(const CContactLocalManager& directory, pugi::xml_node root,
     for (const pugi::xml_node element : root.children(FORM_NAMES[SAFE_CONTACTS].m_pElement)) {
         EntryData& entry = entries.Append() = ContactEntry(element);
         if (!directory.IsGroupExist(entry.m_arrText[TEXT_GROUP])) {
-            entry.m_arrText[TEXT_GROUP] = strAll.c_str();  // where a load puts it
+            entry.m_arrText[TEXT_GROUP] = strAll.c_str();  // a load puts it there
             ++result.m_nStrays;
         }
     }

@@ -1,4 +1,4 @@
-// What memory and a file have in common, by way of the directory's public pages.
+// Compares memory with a file, through the directory's public pages.
 
 #ifndef NSDIRECTORY_SAFEKEEPING_INTERNAL_COMPARISON_H
 #define NSDIRECTORY_SAFEKEEPING_INTERNAL_COMPARISON_H
@@ -28,8 +28,8 @@ struct ComparisonData
 // The form alone. nFile is SAFE_GROUPS or SAFE_CONTACTS.
 FileForm ReadForm(const CFolder& folder, const char* pName, int nFile);
 
-// Of a broken file that counts which the XML library reads. m_form says UNKNOWN if there is no
-// memory for the comparison.
+// Of a broken file it takes what the XML library reads. m_form is UNKNOWN if there is no memory for
+// the comparison.
 ComparisonData Compare(const CContactLocalManager& directory, const CFolder& folder,
                        const char* pName, int nFile);
 

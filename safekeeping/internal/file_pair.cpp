@@ -137,8 +137,8 @@ bool CFilePair::Renew(const FilePairData& files)
         return false;
     }
     bool bUnused = false;
-    // In whichever order the renames reach the disk: copies that are not those of the manifest are
-    // no pair, and both files are durable.
+    // The renames may reach the disk in any order: copies that do not match the manifest are no
+    // pair, and both files are durable.
     return MyRenameCopies(files) && m_copies.Rename(NEW_MANIFEST, m_copies, MANIFEST, bUnused) &&
            m_copies.Sync();
 }
@@ -193,7 +193,7 @@ bool CFilePair::MyPutBackOne(int nFile, bool bMarked) const
     if (!bOtherFileSystem) {
         return false;
     }
-    // A full disk has room for the copy once the damaged file is gone.
+    // On a full disk the damaged file makes room for the copy.
     return MyWriteBack(nFile) || (bMarked && m_data.Remove(names.m_pFile) && MyWriteBack(nFile));
 }
 
@@ -227,7 +227,7 @@ bool CFilePair::ClearMark() const
 
 void CFilePair::RemoveLeftovers() const
 {
-    // One that stays makes the next copy fail, which says so.
+    // If one cannot be removed, the next copy fails and reports it.
     for (const NamesData& names : NAMES) {
         (void)m_copies.Remove(names.m_pNewCopy);
         (void)m_data.Remove(names.m_pBackCopy);

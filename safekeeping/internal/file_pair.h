@@ -1,9 +1,9 @@
 // The two files of the directory and their copies, always both together: how the copies are made,
-// how they are put back, and the mark that stands while they must be.
+// how they are put back, and the mark that is set while they must be.
 //
-// Why no power cut finds a moment between the two: while the copies are renewed, both files are
-// whole and durable and no mark stands; while a mark stands, the copies are whole and durable. A
-// copy that is put back may be gone from its folder, since its content then lies in place.
+// Why a power cut never finds both damaged: while the copies are renewed, both files are
+// whole and durable and no mark is set; while a mark is set, the copies are whole and durable. A
+// copy that is put back may be gone from its folder, since its content is then in the file.
 
 #ifndef NSDIRECTORY_SAFEKEEPING_INTERNAL_FILE_PAIR_H
 #define NSDIRECTORY_SAFEKEEPING_INTERNAL_FILE_PAIR_H
@@ -39,7 +39,7 @@ class CFilePair
     bool SyncFiles(bool bFolder) const;  // the folder too if one may have come or gone
     bool RemoveFile(int nFile) const;
 
-    // Looks for what the manifest names. What follows goes by what it found.
+    // Looks for what the manifest names. The functions below use what it found.
     CopyState FindCopy();
     CopyState Found() const { return m_state; }
     bool HasManifest() const { return m_bManifest; }
@@ -50,16 +50,16 @@ class CFilePair
     bool IsCopySound(bool& bKnown) const;
     // True if the copies hold exactly these files.
     bool HoldsCopyOf(const FilePairData& files) const;
-    // Copies the files, which must be durable, and leaves it to FindCopy() to look at what that has
-    // made. If it fails, the old copies still stand, unless it was a rename or the sync after it.
+    // Copies the files, which must be durable. FindCopy() must be called after it. If it fails, the
+    // old copies are still there, unless it was a rename or the sync after it.
     bool Renew(const FilePairData& files);
-    // Puts both back and makes them durable. Without a mark the first one must be whole, so that a
-    // broken one calls for the rest if this is interrupted. bMarked also allows to give up a file
-    // for the room that it takes. It can be done again until it succeeds.
+    // Puts both back and makes them durable. Without a mark the first one must be whole: if this is
+    // interrupted, the broken one is then still there and Restore() goes on. With bMarked a file
+    // may also be removed for the room that it takes. It can be repeated until it succeeds.
     bool PutBack(int nFirst, bool bMarked);
 
     MarkState FindMark() const;
-    // Both: done, and durable. If not, FindMark() tells what is to be seen at least.
+    // Both: done, and durable. If not, FindMark() says what a program sees now.
     bool SetMark() const;
     bool ClearMark() const;
 
@@ -89,7 +89,7 @@ class CFilePair
     CopyState m_state = CopyState::UNREADABLE;
     bool m_bManifest = false;
     ManifestData m_manifest;
-    FilePairData m_arrCopy;  // as they lie in their folder
+    FilePairData m_arrCopy;  // as they are in their folder
     Source m_arrSource[SAFE_FILE_COUNT] = {Source::NOTHING, Source::NOTHING};
 };
 

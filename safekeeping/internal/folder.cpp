@@ -74,7 +74,7 @@ bool IsRegular(int nFile, FileData& data)
     return true;
 }
 
-// Calls take for each piece of the rest of the file; take refuses the rest by false.
+// Calls take for each piece of the rest of the file, until it returns false.
 template <class TTake>
 bool ReadPieces(int nFile, TTake take)
 {
@@ -106,14 +106,14 @@ bool IsNoMoreOpen(const FileData& copy, const FileData& original)
 {
     const bool bSameOwner =
         copy.m_nOwner == original.m_nOwner && copy.m_nGroup == original.m_nGroup;
-    // Of another owner: what the group and the others may do would go to other people.
+    // With another owner, the rights of the group and of others would go to other people.
     return (copy.m_nRights & ~(original.m_nRights & (bSameOwner ? ALL_RIGHTS : S_IRWXU))) == 0;
 }
 
 namespace {
 
 // The copy goes to the owner of its original if that is allowed. Some file systems give every file
-// the same owner and rights, so what became of it is looked at.
+// the same owner and rights, so the result is tested.
 bool TakeRights(int nFile, const FileData& original)
 {
     FileData copy;
@@ -140,7 +140,7 @@ CFolder::~CFolder()
     }
 }
 
-// A pipe must not hold the caller up.
+// Without O_NONBLOCK a pipe would block the caller.
 int CFolder::MyOpen(const char* pName) const
 {
     return Repeat([&] {
@@ -210,7 +210,7 @@ bool CFolder::ReadText(const char* pName, char** ppText, std::size_t& nSize) con
     return true;
 }
 
-// Syncs and closes a new file; one that is not all there goes.
+// Syncs and closes a new file, and removes it if that or the writing failed.
 bool CFolder::MyFinish(int nFile, bool bWritten, const char* pName) const
 {
     const bool bSynced = bWritten && Repeat([nFile] { return fsync(nFile); }) == 0;

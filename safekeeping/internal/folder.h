@@ -1,5 +1,5 @@
-// What makes a file durable: files of one folder are read, made, renamed and removed here, and each
-// function that changes something says whether that worked.
+// Files of one folder, made durable: they are read, made, renamed and removed here, and each
+// function that changes something reports whether that worked.
 
 #ifndef NSDIRECTORY_SAFEKEEPING_INTERNAL_FOLDER_H
 #define NSDIRECTORY_SAFEKEEPING_INTERNAL_FOLDER_H
@@ -12,7 +12,7 @@
 
 namespace NS_DIRECTORY {
 
-// A file as it was met: what tells its content from another, and who may read it.
+// A file as it was read: how to know its content again, and who may read it.
 struct FileData
 {
     bool m_bPresent = false;
@@ -64,7 +64,7 @@ class CFolder
     bool Sync() const;
     bool SyncFile(const char* pName) const;  // an absent one needs none
     bool Remove(const char* pName) const;    // true also if there is none
-    // Over what is there. On failure bOtherFileSystem tells whether a copy would help.
+    // Over what is there. On failure bOtherFileSystem says whether a copy would help.
     bool Rename(const char* pName, const CFolder& to, const char* pNewName,
                 bool& bOtherFileSystem) const;
 

@@ -1,5 +1,5 @@
-// The manifest as text: a line for each file, and a checksum of these lines. What does not read
-// back as it would be written is no manifest.
+// The manifest as text: a line for each file, and a checksum of these lines. A text
+// that differs from what would be written is no manifest.
 
 #include "safekeeping/internal/manifest.h"
 
@@ -17,7 +17,7 @@ constexpr const char* FILE_TITLES[SAFE_FILE_COUNT] = {"groups", "contacts"};
 constexpr int DECIMAL = 10;
 constexpr int HEXADECIMAL = 16;
 
-// The room is never too small: titles are short and numbers end.
+// MOST_TEXT is always enough: titles are short and numbers have an end.
 std::size_t ToText(const ManifestData& manifest, char (&arrText)[MOST_TEXT])
 {
     int nSize = std::snprintf(arrText, MOST_TEXT, "%s", TITLE);
@@ -34,8 +34,8 @@ std::size_t ToText(const ManifestData& manifest, char (&arrText)[MOST_TEXT])
     return static_cast<std::size_t>(nSize);
 }
 
-// Takes the three numbers after the title of each line; what is wrong with them shows in the text
-// that they would make.
+// Reads the three numbers after the title of each line. Wrong ones are found when the text is made
+// from them again.
 void TakeNumbers(const char* pText, ManifestData& manifest)
 {
     for (int n = 0; n < SAFE_FILE_COUNT; ++n) {

@@ -26,7 +26,7 @@ using Manager = NS_DIRECTORY::CContactLocalManager;
 
 CDiskCalls* g_pCalls = nullptr;
 
-// The function that a definition here stands in front of.
+// The system's function, which the one of that name here hides.
 template <class Function>
 Function* Real(Function* /*pOwn*/, const char* pName)
 {

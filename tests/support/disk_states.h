@@ -26,8 +26,9 @@ class CDiskStates
     CDiskStates(const Files& files, std::size_t nCuts) : m_nCuts(nCuts)
     {
         for (const auto& [strPath, strText] : files) {
-            m_entries[strPath] = m_entriesOnDisk[strPath] = std::make_shared<Node>(Node{strText});
+            m_entries[strPath] = std::make_shared<Node>(Node{strText});
         }
+        m_entriesAtFirst = m_entries;
     }
 
     void Apply(const DiskCallData& call)
@@ -135,7 +136,7 @@ class CDiskStates
         for (const EntryData& entry : operation) {
             Do(entry, m_entries);
         }
-        m_listPending.push_back(operation);
+        m_operations.push_back(operation);
     }
     static void Do(const EntryData& entry, Entries& entries)
     {
@@ -145,21 +146,13 @@ class CDiskStates
         }
     }
 
-    // Those of the front that are done for good leave the list. Others stay behind one that is
-    // pending, since they may be about the same entry.
     void SyncFolder(const std::string& strFolder)
     {
-        for (Operation& operation : m_listPending) {
+        for (Operation& operation : m_operations) {
             for (EntryData& entry : operation) {
                 const std::filesystem::path path(entry.m_strPath);
                 entry.m_bSynced = entry.m_bSynced || path.parent_path() == strFolder;
             }
-        }
-        while (!m_listPending.empty() && IsSynced(m_listPending.front())) {
-            for (const EntryData& entry : m_listPending.front()) {
-                Do(entry, m_entriesOnDisk);
-            }
-            m_listPending.erase(m_listPending.begin());
         }
     }
     static bool IsSynced(const Operation& operation)
@@ -169,8 +162,8 @@ class CDiskStates
 
     std::set<Entries> Layouts() const
     {
-        std::set<Entries> layouts{m_entriesOnDisk};
-        for (const Operation& operation : m_listPending) {
+        std::set<Entries> layouts{m_entriesAtFirst};
+        for (const Operation& operation : m_operations) {
             std::set<Entries> after;
             for (Entries entries : layouts) {
                 for (const EntryData& entry : operation) {
@@ -201,8 +194,8 @@ class CDiskStates
     }
 
     std::size_t m_nCuts;
-    Entries m_entries, m_entriesOnDisk;  // as programs see them; without m_listPending
-    std::vector<Operation> m_listPending = {};
+    Entries m_entries, m_entriesAtFirst;  // the former as programs see them
+    std::vector<Operation> m_operations = {};
     std::map<int, NodePtr> m_mapOpen = {};
 };
 
