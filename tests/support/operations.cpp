@@ -100,14 +100,16 @@ using Model = CDirectoryModel;
 
 // -- Answers --------------------------------------------------------------------------------------
 
-#define CODE(Name) std::make_pair(Name, #Name)
+// The numbers that hosts have built in.
 const std::map<int, const char*> CODES{
-    CODE(DIR_RET_GROUP_EXIST),     CODE(DIR_RET_CONTACT_EXIST),     CODE(DIR_RET_GROUP_ID_FAIL),
-    CODE(DIR_RET_GROUP_NOT_FOUND), CODE(DIR_RET_CONTACT_NOT_FOUND), CODE(DIR_RET_GROUP_READ_ONLY),
-    CODE(DIR_RET_CONTACT_FULL),    CODE(DIR_RET_BLACK_FULL),        CODE(DIR_RET_GROUP_FULL),
-    CODE(DIR_RET_ALREADY_BLACK),   CODE(DIR_RET_NOT_BLACK),         CODE(DIR_RET_RELOADING),
-    CODE(DIR_RET_NULL_ARGUMENT),   CODE(DIR_RET_NO_MEMORY),         CODE(DIR_RET_EMPTY_KEY),
-    CODE(DIR_RET_INVALID)};
+    {-1, "DIR_RET_GROUP_EXIST"},       {-2, "DIR_RET_CONTACT_EXIST"},
+    {-3, "DIR_RET_GROUP_ID_FAIL"},     {-4, "DIR_RET_GROUP_NOT_FOUND"},
+    {-5, "DIR_RET_CONTACT_NOT_FOUND"}, {-6, "DIR_RET_GROUP_READ_ONLY"},
+    {-7, "DIR_RET_CONTACT_FULL"},      {-8, "DIR_RET_BLACK_FULL"},
+    {-9, "DIR_RET_GROUP_FULL"},        {-10, "DIR_RET_ALREADY_BLACK"},
+    {-12, "DIR_RET_NOT_BLACK"},        {-13, "DIR_RET_RELOADING"},
+    {-15, "DIR_RET_NULL_ARGUMENT"},    {-50, "DIR_RET_NO_MEMORY"},
+    {-100, "DIR_RET_EMPTY_KEY"},       {-101, "DIR_RET_INVALID"}};
 
 Texts Code(int nResult)
 {
