@@ -14,7 +14,7 @@ using String = qz::basic_string<char>;
 using StringList = QZList<String>;
 
 constexpr const char* NONE = nullptr;
-constexpr unsigned int NPOS = String::npos;
+constexpr unsigned int NPOS = 0xFFFFFFFF;  // as hosts have it built in
 const char* volatile g_pText = "x";  // as long as the compiler knows, long enough
 
 std::string Abc(std::size_t nSize)
