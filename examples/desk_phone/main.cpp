@@ -8,17 +8,14 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <chrono>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 
-#include "desk_phone/screen.h"
 #include "desk_phone/session.h"
-#include "directory/data_files.h"
+#include "desk_phone/start.h"
 #include "safekeeping/safe_copy.h"
 
 namespace {
@@ -29,40 +26,6 @@ using NS_DIRECTORY::CSafeCopy;
 
 constexpr int EXIT_WRONG_LINE = 1;
 constexpr int EXIT_UNUSABLE = 2;
-
-// The library works on a folder relative to the working directory, and does not make it.
-void EnterFolder(const std::string& strFolder)
-{
-    std::filesystem::create_directories(std::filesystem::path(strFolder) / NS_DIRECTORY::DATA_DIR);
-    std::filesystem::current_path(strFolder);
-}
-
-// Before the directory reads its files.
-void Restore(CSafeCopy& safe)
-{
-    switch (safe.Restore()) {
-        case 1:
-            desk_phone::PrintText("An edit was cut or a file was broken: the copies are back.");
-            break;
-        case NS_DIRECTORY::SAFE_RET_NO_COPY:
-            desk_phone::PrintText("A file is broken, and there is no whole copy of it.");
-            break;
-        case NS_DIRECTORY::SAFE_RET_NOT_UNDONE:
-            throw std::runtime_error("a file is broken, and its copy cannot be put back now");
-        default:
-            break;
-    }
-}
-
-// The instance, and how long it took to come up; null where there is no memory for it.
-CContactLocalManager* Start(double& dMilliseconds)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    CContactLocalManager* pDirectory = CContactLocalManager::GetInstance();
-    dMilliseconds =
-        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-    return pDirectory;
-}
 
 // A path counts from the folder in which the program was started.
 std::ifstream OpenScript(const std::string& strPath)
@@ -104,23 +67,12 @@ int Run(const OptionsData& options)
     if (!strScript.empty()) {
         script = OpenScript(strScript);
     }
-    EnterFolder(options.m_strFolder);
-    std::filesystem::create_directories(options.m_strSafeCopy);
+    desk_phone::EnterFolder(options.m_strFolder, options.m_strSafeCopy);
     CSafeCopy safe(options.m_strSafeCopy.c_str());
-    Restore(safe);
     double dMilliseconds = 0;
-    CContactLocalManager* pDirectory = Start(dMilliseconds);
-    if (pDirectory == nullptr) {
-        throw std::runtime_error("there is no memory for the directory");
-    }
-    if (safe.Keep() < 0) {
-        desk_phone::PrintText("No safe copy can be made: the telephone takes no changes.");
-    }
-    PhoneData phone{*pDirectory,
-                    safe,
-                    options.m_strSafeCopy,
-                    {*pDirectory, options.m_strCountry},
-                    dMilliseconds};
+    CContactLocalManager& directory = desk_phone::StartGuarded(safe, dMilliseconds);
+    PhoneData phone{
+        directory, safe, options.m_strSafeCopy, {directory, options.m_strCountry}, dMilliseconds};
     phone.m_search.Refresh();
     RunInput(phone, script, strScript);
     CContactLocalManager::ReleaseInstance();

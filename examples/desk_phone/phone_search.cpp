@@ -20,10 +20,14 @@ void CPhoneSearch::Refresh()
     m_bOld = false;
 }
 
-std::string CPhoneSearch::NumberOfLine(const std::string& strNumber) const
+std::string CPhoneSearch::NumberOfCaller(const std::string& strNumber)
 {
+    if (!m_directory.GetContactNameByPhoneNumber(strNumber.c_str()).empty()) {
+        return strNumber;
+    }
+    Refresh();
     NS_DIRECTORY::SearchMatchData match;
-    return m_numbers.FindByNumber(strNumber.c_str(), &match, 1) > 0 ? match.m_pText : "";
+    return m_numbers.FindByNumber(strNumber.c_str(), &match, 1) > 0 ? match.m_pText : strNumber;
 }
 
 }  // namespace desk_phone

@@ -29,8 +29,9 @@ class CPhoneSearch
     // As they were at the last Refresh().
     const NS_DIRECTORY::CContactSearch& Contacts() const { return m_contacts; }
 
-    // The first number of a contact that is the same line; empty if there is none.
-    std::string NumberOfLine(const std::string& strNumber) const;
+    // The number under which a caller is stored: exactly the one that calls, or else one of the
+    // same line. If there is neither, the one that calls. Refreshes if it has to.
+    std::string NumberOfCaller(const std::string& strNumber);
 
   private:
     const NS_DIRECTORY::CContactLocalManager& m_directory;

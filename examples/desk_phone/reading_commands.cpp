@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "desk_phone/call_window.h"
 #include "desk_phone/contact_fields.h"
 #include "desk_phone/export_path.h"
 #include "desk_phone/phone.h"
@@ -31,50 +32,6 @@ constexpr const char* FILES[] = {NS_DIRECTORY::GROUP_FILE_PATH, NS_DIRECTORY::CO
 std::string Counted(int nCount, const std::string& strOne)
 {
     return std::to_string(nCount) + " " + strOne + (nCount == 1 ? "" : "s");
-}
-
-std::string KindOfNumber(const ContactGeneralItemData& contact, const std::string& strNumber)
-{
-    if (strNumber == contact.m_strMobileNumber.c_str()) {
-        return "mobile";
-    }
-    return strNumber == contact.m_strOfficeNumber.c_str() ? "office" : "other";
-}
-
-// The number under which the caller is stored: exactly the one that calls, or else one of the same
-// line. If there is neither, the one that calls.
-std::string CallersNumber(PhoneData& phone, const std::string& strNumber)
-{
-    if (!phone.m_directory.GetContactNameByPhoneNumber(strNumber.c_str()).empty()) {
-        return strNumber;
-    }
-    phone.m_search.Refresh();
-    const std::string strStored = phone.m_search.NumberOfLine(strNumber);
-    return strStored.empty() ? strNumber : strStored;
-}
-
-// Who calls, in the lines of the screen.
-std::vector<std::string> CallerLines(const CContactLocalManager& directory,
-                                     const std::string& strNumber)
-{
-    ContactGeneralItemData contact;
-    if (directory.GetContactDataByNumber(&contact, strNumber.c_str()) != NS_DIRECTORY::DIR_RET_OK) {
-        return {"Unknown caller", strNumber};
-    }
-    std::vector<std::string> lines = {contact.m_strDisplayName.c_str(),
-                                      KindOfNumber(contact, strNumber) + " " + strNumber,
-                                      contact.m_strGroupName.c_str()};
-    if (!contact.m_strDefaultPhoto.empty()) {
-        lines.push_back(std::string("Photo: ") + contact.m_strDefaultPhoto.c_str());
-    }
-    return lines;
-}
-
-std::string RingLine(const CContactLocalManager& directory, const std::string& strNumber)
-{
-    const qz::basic_string<char> strRing =
-        directory.GetContactRingByNumber(strNumber.c_str(), nullptr);
-    return strRing.empty() ? "Ring: the telephone's own" : std::string("Ring: ") + strRing.c_str();
 }
 
 int CountContacts(const CContactLocalManager& directory, int nGroupId)
@@ -122,17 +79,7 @@ void PrintFile(const std::string& strPath, int nLines)
 
 void Call(PhoneData& phone, const Words& words)
 {
-    const std::string strNumber = CallersNumber(phone, words[1]);
-    const bool bBlocked = phone.m_directory.IsBlackContactNumber(strNumber.c_str());
-    std::vector<std::string> lines = CallerLines(phone.m_directory, strNumber);
-    lines.insert(lines.begin(), {bBlocked ? "BLOCKED CALL" : "INCOMING CALL", ""});
-    if (strNumber != words[1]) {
-        lines.push_back("Calls as " + words[1]);
-    }
-    lines.emplace_back();
-    lines.push_back(bBlocked ? "The telephone stays silent."
-                             : RingLine(phone.m_directory, strNumber));
-    PrintBox(lines);
+    PrintCall(phone.m_directory, phone.m_search.NumberOfCaller(words[1]), words[1]);
 }
 
 void ListGroups(PhoneData& phone, const Words&)
