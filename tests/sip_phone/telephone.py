@@ -1,6 +1,7 @@
 """A sip_phone to be called by SIPp, on the loopback alone."""
 
 import atexit
+import codecs
 import pathlib
 import random
 import re
@@ -62,7 +63,8 @@ class Telephone:
         if not folder.exists():
             sample(folder)
         self.folder, self.player = folder, folder / "player"
-        self.output, self.seen = b"", 0
+        self.output, self.seen = "", 0
+        self.decoder = codecs.getincrementaldecoder("utf-8")()
         self.process = subprocess.Popen(
             [program, "--listen", own_address() + ":0", "--folder", folder, "--player", self.player],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, bufsize=0)
@@ -73,14 +75,14 @@ class Telephone:
         """False at the end of the output, and if nothing comes."""
         readable = select.select([self.process.stdout], [], [], PATIENCE)[0]
         block = self.process.stdout.read(65536) if readable else b""
-        self.output += block
+        self.output += self.decoder.decode(block)
         return bool(block)
 
     def shows(self, pattern):
         """Waits for it after what was waited for before."""
-        while not (match := re.compile(pattern).search(self.output.decode(errors="replace"), self.seen)):
+        while not (match := re.compile(pattern).search(self.output, self.seen)):
             if not self.read():
-                sys.exit(f"{pattern} is not shown:\n{self.output.decode(errors='replace')[self.seen:]}")
+                sys.exit(f"{pattern} is not shown:\n{self.output[self.seen:]}")
         self.seen = match.end()
         return match
 
@@ -114,4 +116,4 @@ class Telephone:
         while self.read():
             pass
         if self.process.wait(PATIENCE) != status:
-            sys.exit(f"It ended with {self.process.returncode}:\n{self.output.decode()}")
+            sys.exit(f"It ended with {self.process.returncode}:\n{self.output}")
