@@ -35,7 +35,8 @@ class FullDiskTest : public GuardedTest
     {
         struct statvfs info = {};
         ASSERT_EQ(statvfs(DATA_DIR, &info), 0);
-        WriteFile(FILLER, std::string(info.f_bavail * info.f_bsize - nBytes, 'x'));
+        const auto nFree = static_cast<std::size_t>(info.f_bavail * info.f_bsize);
+        WriteFile(FILLER, std::string(nFree - nBytes, 'x'));
         ASSERT_EQ(statvfs(DATA_DIR, &info), 0);
         ASSERT_EQ(info.f_bavail * info.f_bsize, nBytes);
     }
