@@ -2,7 +2,6 @@
 # installed as the main one is, shared and static.
 #
 #   nsdirectory_companion(NAME
-#     COMPONENT name      of the package that the shared library goes to
 #     HEADERS file...     the public ones, from the project's root
 #     SOURCES file...
 #     LIBRARIES name...)  what it is linked with besides
@@ -10,7 +9,7 @@
 # This makes nsdirectory_NAME and nsdirectory_NAME_static with their aliases. pkg-config gets
 # cmake/nsdirectory-NAME.pc.in, where an underscore of NAME is a dash.
 function(nsdirectory_companion name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT" "HEADERS;SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LIBRARIES")
   set(target nsdirectory_${name})
 
   # Compiled once, for the shared and the static library alike.
@@ -21,12 +20,12 @@ function(nsdirectory_companion name)
   set_target_properties(${target}_objects PROPERTIES
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
 
-  add_library(${target})
+  add_library(${target} ${NSDIRECTORY_LIBRARY_TYPE})
   nsdirectory_companion_library(${target} ${name} nsdirectory::nsdirectory)
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-    COMPANION_COMPONENT ${arg_COMPONENT} COMPANION_HEADERS "${arg_HEADERS}")
-  if(BUILD_SHARED_LIBS)
+    COMPANION_HEADERS "${arg_HEADERS}")
+  if(NSDIRECTORY_SHARED)
     add_library(${target}_static STATIC)
     nsdirectory_companion_library(${target}_static ${name}_static nsdirectory::nsdirectory_static)
   else()
