@@ -15,7 +15,7 @@ using StringList = QZList<String>;
 
 constexpr const char* NONE = nullptr;
 constexpr unsigned int NPOS = 0xFFFFFFFF;  // as hosts have it built in
-const char* volatile g_pText = "x";  // as long as the compiler knows, long enough
+const char* volatile g_pText = "x";        // as long as the compiler knows, long enough
 
 std::string Abc(std::size_t nSize)
 {
