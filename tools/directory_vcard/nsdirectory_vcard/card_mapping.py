@@ -9,8 +9,8 @@ import vobject.base
 
 from . import card_file
 from .card_file import Property
-from .records import ALL_CONTACTS, Contact, Entry, Finding, Group, InputFile, NUMBER_SLOTS
-from .records import clean, from_bytes, leading_number, to_bytes
+from .records import ALL_CONTACTS, Contact, Entry, Finding, Group, InputFile, NOT_TAKEN
+from .records import NUMBER_SLOTS, clean, from_bytes, leading_number, to_bytes
 
 # The directory's own properties. Their texts are percent-encoded, so that they hold any byte.
 RING = "X-NSDIRECTORY-RING"
@@ -37,6 +37,7 @@ NO_VOICE_TYPES = {"FAX", "PAGER", "MODEM", "BBS", "TEXTPHONE"}
 FREE_SLOTS = ("other_number", "mobile_number", "office_number")  # for a second number of a kind
 LEAST_PREFERRED = 101  # 4.0 counts from 1 to 100
 
+NAMELESS = "it has neither a name nor a number"
 LONGEST_NUMBER = 200  # what is longer is no number, and would take long to look at
 SEPARATORS = {"Zs", "Zl", "Zp", "Pd", "Ps", "Pe", "Cf", "Cc"}
 MORE_SEPARATORS = "./\N{MINUS SIGN}"
@@ -69,11 +70,11 @@ def read_card(found, card, keep_numbers):
         entry.remarks.append(("card", "it has no END"))
     read_properties(entry, card, keep_numbers)
     if any(prop.text().lower() == "group" for name in KIND for prop in card.all_of(name)):
-        found.findings.append(entry.finding("not-taken", "it is the card of a group"))
+        found.findings.append(entry.finding(NOT_TAKEN, "it is the card of a group"))
     elif entry.values["display_name"] or card.all_of(LINE):
         found.entries.append(entry)
     elif not card.all_of(GROUP):
-        found.findings.append(entry.finding("not-taken", "it has neither a name nor a number"))
+        found.findings.append(entry.finding(NOT_TAKEN, NAMELESS))
 
 
 def read_properties(entry, card, keep_numbers):
@@ -97,7 +98,8 @@ def name_of(card, numbers):
 
 
 def first_number(values):
-    return values["mobile_number"] or values["office_number"] or values["other_number"]
+    slots = "mobile_number", "office_number", "other_number"
+    return next(filter(None, map(values.get, slots)), "")
 
 
 @dataclasses.dataclass

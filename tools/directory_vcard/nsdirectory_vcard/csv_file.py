@@ -7,8 +7,8 @@ import io
 import sys
 
 from . import card_file
-from .card_mapping import first_number, number_of
-from .records import Contact, Entry, Finding, Group, InputFile, NUMBER_SLOTS, Unusable
+from .card_mapping import NAMELESS, first_number, number_of
+from .records import Contact, Entry, Finding, Group, InputFile, NOT_TAKEN, NUMBER_SLOTS, Unusable
 from .records import clean, leading_number
 
 RECORD = "record"  # what the row is of
@@ -37,7 +37,13 @@ def read_rows(path, data, keep_numbers):
             found.groups.append(Group(row.get("display_name", ""), row.get("ring", ""),
                                       row.get(READ_ONLY, "") == "1"))
         elif any(map(str.strip, cells)):
-            found.entries.append(read_contact(path, line, row, keep_numbers))
+            entry = read_contact(path, line, row, keep_numbers)
+            if any(map(str.strip, cells[len(columns):])):
+                entry.remarks.append(("row", "it has more cells than there are columns"))
+            if entry.values["display_name"] or RECORD in row:
+                found.entries.append(entry)
+            else:
+                found.findings.append(entry.finding(NOT_TAKEN, NAMELESS))
     return found
 
 
@@ -71,11 +77,9 @@ def is_row(line, delimiter, width):
 
 def read_contact(path, line, row, keep_numbers):
     entry = Entry(path, line, {"display_name": ""})
-    for name in FIELDS:
-        if name in NUMBER_SLOTS:
-            entry.values[name] = number_of(entry, row.get(name, ""), keep_numbers)
-        elif name in row:
-            entry.values[name] = value_of(name, row[name])
+    for name in filter(row.__contains__, FIELDS):
+        entry.values[name] = (number_of(entry, row[name], keep_numbers) if name in NUMBER_SLOTS
+                              else value_of(name, row[name]))
     group_name = entry.values.pop("group_id_name", "")
     entry.group_names = [group_name] if group_name else []
     if RECORD not in row and not entry.values["display_name"]:

@@ -9,7 +9,7 @@ import sys
 from . import card_mapping, csv_file, durable, merge, report
 from .checker import Checker
 from .data_files import DataFolder, contact_file, group_file
-from .records import FIXED_GROUPS, Finding, Unusable, clean
+from .records import FIXED_GROUPS, Finding, NOT_TAKEN, Unusable, clean
 
 EXIT_ALL_DONE, EXIT_FINDINGS, EXIT_NOTHING_DONE = 0, 1, 2
 READERS = {"vcf": card_mapping.read_cards, "csv": csv_file.read_rows}
@@ -121,10 +121,10 @@ def import_report(options, merged, is_new):
     findings = sorted(merged.findings,
                       key=lambda finding: (options.inputs.index(finding.file), finding.line))
     replaced = sum(change.old is not None for change in merged.changes)
-    not_taken = sum(finding.kind == merge.NOT_TAKEN for finding in findings)
+    not_taken = sum(finding.kind == NOT_TAKEN for finding in findings)
     return {"cards": len(merged.changes) + not_taken, "added": len(merged.changes) - replaced,
             "replaced": replaced, "not_taken": not_taken, "dry_run": options.dry_run,
-            "new_files": is_new,
+            "new_files": is_new and merged.has_changes(),
             "groups_made": [group.display_name for group, _ in merged.made_groups
                             if group.display_name not in FIXED_GROUPS],
             "left_out": report.counted(name for found in merged.inputs for name in found.left_out),

@@ -5,9 +5,7 @@ import dataclasses
 
 from . import data_files
 from .records import ALL_CONTACTS, BLACKLIST, Contact, Directory, Entry, FIXED_GROUPS, Finding
-from .records import Group, Unusable, clean, name_key
-
-NOT_TAKEN = "not-taken"
+from .records import Group, NOT_TAKEN, Unusable, clean, name_key
 
 
 @dataclasses.dataclass

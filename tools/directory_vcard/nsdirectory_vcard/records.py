@@ -8,6 +8,7 @@ import unicodedata
 ALL_CONTACTS = "All Contacts"
 BLACKLIST = "Blacklist"
 FIXED_GROUPS = (ALL_CONTACTS, BLACKLIST)
+NOT_TAKEN = "not-taken"  # a kind of finding
 NUMBER_SLOTS = ("office_number", "mobile_number", "other_number")
 
 
