@@ -2,10 +2,12 @@
 // was, the files end with all that they held and with every edit that was not refused.
 
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <fstream>
 #include <map>
 
 #include "bench/heap_count.h"
@@ -214,6 +216,44 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     EXPECT_EQ(nRing, 4) << "that nothing was saved is not reported";
     EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
     EXPECT_EQ(DIR_RET_NO_MEMORY, -50) << "which hosts have built in";
+}
+
+// A process with little address space starts, adds, adds a group and adds: no contact is lost.
+TEST_F(MemoryTest, ASmallProcessLosesNoContact)
+{
+    if (!IsHeapCounted()) {
+        GTEST_SKIP() << "the sanitizers need much address space";
+    }
+    ContactRows rows;
+    for (int n = 1000; n < 1920; ++n) {
+        rows.emplace_back("c" + std::to_string(n), n % 2 == 0 ? "Family" : "Company", LONG);
+    }
+    std::size_t nPages = 0;
+    std::ifstream("/proc/self/statm") >> nPages;
+    for (std::size_t nStep = 0; nStep < 35; ++nStep) {
+        Manager::ReleaseInstance();
+        WriteFile(GROUP_FILE, GroupFile({{"Company"}, {"Family"}}));
+        WriteFile(CONTACT_FILE, ContactFile(rows));
+        const pid_t nChild = fork();
+        if (nChild == 0) {
+            const rlim_t nLimit = nPages * static_cast<rlim_t>(getpagesize()) + nStep * 64 * 1024;
+            const rlimit limit{nLimit, nLimit};
+            (void)setrlimit(RLIMIT_AS, &limit);
+            if (Manager* const pDirectory = Manager::GetInstance()) {
+                (void)pDirectory->AddContact("Family", ContactRow("Ann"));
+                (void)pDirectory->AddGroup(GroupRow("Club"));
+                (void)pDirectory->AddContact("Family", ContactRow("Bob"));
+            }
+            _exit(0);
+        }
+        EXPECT_EQ(waitpid(nChild, nullptr, 0), nChild);
+        for (const ContactRow& row : rows) {
+            ContactGeneralItemData contact;
+            (void)Directory().GetContactDataByName(&contact, row.m_strDisplayName);
+            ASSERT_STREQ(contact.m_strGroupName.c_str(), row.m_strGroupName.c_str())
+                << row.m_strDisplayName.c_str() << ", limit " << nStep;
+        }
+    }
 }
 
 TEST(MemoryDeathTest, EndsTheProcessInAContainer)
