@@ -56,13 +56,27 @@ def succeeded(call):
         sys.exit(f"{' '.join(map(str, call.args))} has ended with {call.returncode}:\n{report}")
 
 
+def call(telephone, folder, caller, end, *options):
+    """Calls once, or as often as the options say, each call with this end (call.xml)."""
+    parts = re.split("  <!-- for: (.*) -->\n", (HERE / "call.xml").read_text())
+    text = parts[0] + "".join(part for ends, part in zip(parts[1::2], parts[2::2])
+                              if {"all", end} & set(ends.split(", ")))
+    scenario = folder / (end + ".xml")
+    scenario.write_text(text.replace("STATUS", STATUS.get(end, "")))
+    address = own_address()
+    return subprocess.Popen(
+        ["sipp", telephone, "-sf", scenario, "-key", "from", caller, "-i", address, "-ci", address,
+         "-m", "1", "-nostdin", "-timeout", f"{PATIENCE}s", "-timeout_error", *options],
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+
+
 class Telephone:
     """Works on the folder, which is filled if it is not there."""
 
     def __init__(self, program, folder):
         if not folder.exists():
             sample(folder)
-        self.folder, self.player = folder, folder / "player"
+        self.folder, self.player = folder, folder.resolve() / "player"
         self.output, self.seen = "", 0
         self.decoder = codecs.getincrementaldecoder("utf-8")()
         self.process = subprocess.Popen(
@@ -71,9 +85,9 @@ class Telephone:
         atexit.register(self.process.kill)
         self.address = self.shows(r"Calls are taken at (\S+)")[1]
 
-    def read(self):
+    def read(self, seconds=PATIENCE):
         """False at the end of the output, and if nothing comes."""
-        readable = select.select([self.process.stdout], [], [], PATIENCE)[0]
+        readable = select.select([self.process.stdout], [], [], seconds)[0]
         block = self.process.stdout.read(65536) if readable else b""
         self.output += self.decoder.decode(block)
         return bool(block)
@@ -90,17 +104,7 @@ class Telephone:
         self.process.stdin.write(line.encode() + b"\n")
 
     def call(self, caller, end, *options):
-        """Calls once, or as often as the options say, each call with this end (call.xml)."""
-        parts = re.split("  <!-- for: (.*) -->\n", (HERE / "call.xml").read_text())
-        text = parts[0] + "".join(part for ends, part in zip(parts[1::2], parts[2::2])
-                                  if {"all", end} & set(ends.split(", ")))
-        scenario = self.folder / (end + ".xml")
-        scenario.write_text(text.replace("STATUS", STATUS.get(end, "")))
-        address = own_address()
-        return subprocess.Popen(
-            ["sipp", self.address, "-sf", scenario, "-key", "from", caller, "-i", address, "-ci", address,
-             "-m", "1", "-nostdin", "-timeout", f"{PATIENCE}s", "-timeout_error", *options],
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        return call(self.address, self.folder, caller, end, *options)
 
     def rings(self):
         """The names of the rings that have been played so far."""
