@@ -27,8 +27,7 @@ std::string Joined(const Values&... values)
     return text.str();
 }
 
-// -- Records
-// ---------------------------------------------------------------------------------------
+// -- Records --------------------------------------------------------------------------------------
 
 struct GroupRow : Manager::GroupData
 {
@@ -109,8 +108,7 @@ inline QZList<String> NameList(const Texts& names)
     return list;
 }
 
-// -- Entries
-// ---------------------------------------------------------------------------------------
+// -- Entries --------------------------------------------------------------------------------------
 
 // An attribute as the files and the scenarios write it.
 inline std::string Attribute(const char* pName, const std::string& strValue)
