@@ -55,9 +55,8 @@ class NSDIRECTORY_API CNumberSearch
     /// Finds the contacts with a number of this line, in the order of the directory, the
     /// blacklisted ones at their places among the others. The place of a match is the whole number.
     /// A text without letters, digits, *, # and + finds nothing.
-    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and what is
-    /// left
-    ///   of the array is untouched. With nMost 0 it counts only.
+    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and the
+    ///   rest of the array is untouched. With nMost 0 it counts only.
     /// - Refuses: DIR_RET_NULL_ARGUMENT, pNumber is null, or pMatches is and nMost is above 0;
     ///   DIR_RET_NO_MEMORY. The array is untouched.
     /// - Writes: nothing.
