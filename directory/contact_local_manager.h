@@ -1,5 +1,5 @@
 /// \file
-/// CContactLocalManager: the whole boundary of the library, but for one free function.
+/// CContactLocalManager: the whole interface of the library, except for one free function.
 
 #ifndef NSDIRECTORY_DIRECTORY_CONTACT_LOCAL_MANAGER_H
 #define NSDIRECTORY_DIRECTORY_CONTACT_LOCAL_MANAGER_H
@@ -7,7 +7,7 @@
 #include "directory/contact_records.h"
 #include "directory/export.h"
 #include "directory/id_generator.h"
-#include "directory/string_convert.h"  // so that this header gives the whole boundary
+#include "directory/string_convert.h"  // so that this header gives the whole interface
 #include "qzstl/list_like"
 #include "qzstl/string_like"
 
@@ -39,7 +39,7 @@ struct GroupPlace;
 ///
 /// **Memory.** If memory runs short while a file is read, the lists may hold only a part of it, and
 /// questions are answered from that part. If it runs short while a file is saved, the file stays as
-/// it was. Every mutator first makes up for both: it saves or reads the file again, and if there is
+/// it was. Every mutator first repairs both: it saves or reads the file again, and if there is
 /// still no memory it refuses with DIR_RET_NO_MEMORY, after DIR_RET_RELOADING and before all other
 /// refusals. (Local2Black and Black2Local test DIR_RET_RELOADING later. SetDefaultPhoto does not
 /// test it, and refuses a null argument first.) If a text or a list gets no memory, the process
@@ -52,8 +52,8 @@ struct GroupPlace;
 /// under one locale lose contacts under another: in Turkish "IRIS" and "iris" are two names,
 /// elsewhere one. Texts handed in hold no NUL byte.
 ///
-/// **Ids.** Group ids from 2 up live in memory only. Every load of the group file gives them
-/// afresh: after AddGroup, a rename of a group, RemoveGroup and ReloadGroupXml an id from before
+/// **Ids.** Group ids from 2 up live in memory only. Every load of the group file gives new
+/// ones: after AddGroup, a rename of a group, RemoveGroup and ReloadGroupXml an id from before
 /// means another group, or none.
 ///
 /// **Pointers.** The library hands out no pointer but the instance, and keeps none that it is
@@ -103,7 +103,8 @@ class NSDIRECTORY_API CContactLocalManager
     CContactLocalManager(const CContactLocalManager&) = delete;
     CContactLocalManager& operator=(const CContactLocalManager&) = delete;
 
-    // -- Life and counts: contact_local_manager.cpp. Limits: limits.cpp --
+    /// \name Life, limits and counts: contact_local_manager.cpp, limits.cpp
+    /// \{
 
     /// The instance, built on first use. It comes up even if a file cannot be read: what could not
     /// be read is missing from the lists, and the next change writes the file without it.
@@ -116,11 +117,11 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Writes: nothing; no change is ever pending.
     static void ReleaseInstance();
 
-    int GetMaxGroupCount() const;
-    int GetMaxContactCount() const;
+    int GetMaxGroupCount() const;    ///< With the fixed groups.
+    int GetMaxContactCount() const;  ///< Without the blacklisted contacts.
     int GetMaxBlackCount() const;
 
-    /// Each of the three takes any value. A limit at or below the present count refuses every new
+    /// The three setters take any value. A limit at or below the present count refuses every new
     /// entry and keeps what is stored.
     /// - Returns: the previous limit.
     int SetMaxGroupCount(int nMax);
@@ -137,21 +138,23 @@ class NSDIRECTORY_API CContactLocalManager
 
     /// - Returns: true while the directory takes no changes. No operation turns this on.
     bool IsReloadGroupAndItemByHttp() const;
+    /// \}
 
-    // -- Group queries and the group file: group_store.cpp, group_file.cpp --
-    // The group list reads "All Contacts", "Blacklist", then the user groups in ascending order.
-    // Positions count from 0 over all of them. An empty name finds nothing.
-    //
-    // If the group file has no root_group, the list is empty, without the fixed groups, until a
-    // load finds one; adding a group makes the directory whole again. Until then every contact that
-    // is loaded is in group 0, the blacklisted ones too: no number is blocked, no contact can be
-    // added, and contacts are known by name but not handed out. From then on and until
-    // ReleaseInstance(), contacts whose group is missing keep its name through saves and regain the
-    // group when it is added. After a restart over a whole group list nothing is kept: such a
-    // contact is in "All Contacts", and the next save of the contact file writes that. So add the
-    // missing groups again before the next restart.
+    /// \name Group queries and the group file: group_store.cpp, group_file.cpp
+    /// The group list reads "All Contacts", "Blacklist", then the user groups in ascending order.
+    /// Positions count from 0 over all of them. An empty name finds nothing.
+    ///
+    /// If the group file has no root_group, the list is empty, without the fixed groups, until a
+    /// load finds one; adding a group makes the directory whole again. Until then every contact
+    /// that is loaded is in group 0, the blacklisted ones too: no number is blocked, no contact can
+    /// be added, and contacts are known by name but not handed out. From then on and until
+    /// ReleaseInstance(), contacts whose group is missing keep its name through saves and regain
+    /// the group when it is added. After a restart over a whole group list nothing is kept: such a
+    /// contact is in "All Contacts", and the next save of the contact file writes that. So add the
+    /// missing groups again before the next restart.
+    /// \{
 
-    /// - Returns: true exactly if nIndex is the count of groups less one, whichever group is there.
+    /// - Returns: true exactly if nIndex is the count of groups less one, whatever group is there.
     bool IsBlacklistIndex(int nIndex) const;
 
     /// - Returns: the position of the group; 0 also for null and for a name of no group.
@@ -164,9 +167,10 @@ class NSDIRECTORY_API CContactLocalManager
     int GetGroupIdByGroupName(const qz::basic_string<char>& strName) const;
     int GetGIdByGName(const qz::basic_string<char>& strName) const;  ///< The same.
 
+    /// - Returns: true if a group has exactly that name.
     bool IsGroupExist(const qz::basic_string<char>& strName) const;
 
-    /// Assigns the name of the blacklist; the empty text if the list holds none.
+    /// Sets strName to the name of the blacklist; to the empty text if the list holds none.
     void GetBlacklistGroupName(qz::basic_string<char>& strName) const;
 
     /// - Returns: 1, always.
@@ -185,13 +189,14 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Writes: the default group file if there is none.
     /// - Ids: all ids of user groups end.
     int ReloadGroupXml();
+    /// \}
 
-    // -- Group editing: group_editing.cpp --
+    /// \name Group editing: group_editing.cpp
+    /// \{
 
     /// Adds a user group.
-    /// - Returns: its position. Over an empty group list that is 0; the fixed groups, which are
-    /// made
-    ///   on the way, are before it afterwards.
+    /// - Returns: its position; 0 over an empty group list, though the fixed groups, which the call
+    ///   restores, are before it afterwards.
     /// - Refuses, in order:
     ///   1. DIR_RET_RELOADING
     ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
@@ -218,16 +223,14 @@ class NSDIRECTORY_API CContactLocalManager
     /// - A rename also refuses, in order:
     ///   1. DIR_RET_GROUP_EXIST, the exact name exists
     ///   2. DIR_RET_GROUP_FULL, the other groups reach the limit, or a fixed group is renamed and
-    ///   no
-    ///      slot is left for the one that comes back
+    ///      there is no slot for the one that comes back
     ///   3. DIR_RET_INVALID, the new name is empty
     ///   4. DIR_RET_GROUP_EXIST, another user group's name is equal under strcasecmp
     ///   5. DIR_RET_CONTACT_FULL, "Blacklist" is renamed and its contacts do not all fit under the
     ///      limit of ordinary ones
     ///   6. DIR_RET_NO_MEMORY
-    /// - Writes: with the same name, the group file if the ring differs, else nothing. For a
-    /// rename,
-    ///   the contact file, then the group file; then it reads both.
+    /// - Writes: with the same name, the group file if the ring differs, else nothing. A rename
+    ///   writes the contact file, then the group file; then it reads both.
     /// - Ids: a rename ends all ids of user groups.
     int UpdateGroupData(const qz::basic_string<char>& strName, const ContactGroupData& data);
 
@@ -250,13 +253,15 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Writes: the contact file once for each group that held contacts, then the group file.
     /// - Ids: only the fixed ids are left.
     int RemoveAllGroup();
+    /// \}
 
-    // -- Group listing: group_listing.cpp --
-    // If the blacklist is hidden, the indexes of a page are not the positions of the group list.
+    /// \name Group listing: group_listing.cpp
+    /// If the blacklist is hidden, the indexes of a page are not the positions of the group list.
+    /// \{
 
     /// A page of names and ids, with the blacklist if the configuration shows it.
-    /// - Returns: 1; 0 for null. The total is -1 over an empty group list with the blacklist
-    /// hidden.
+    /// - Returns: 1; 0 for null. The total is -1 over an empty group list if the blacklist is
+    ///   hidden.
     int GetGroupSimpleList(ContactGroupSimpleListData* pList) const;
 
     /// A page of names and rings, without the blacklist, whatever bWithBlacklist says.
@@ -265,11 +270,14 @@ class NSDIRECTORY_API CContactLocalManager
 
     /// - Returns: 1 and the group; 0, with pData untouched, for null and for an id of no group.
     int GetGroupDataByID(ContactGroupData* pData, int nId) const;
+    /// \}
 
-    // -- Contact queries and the contact file: contact_store.cpp, contact_file.cpp --
-    // One list holds the contacts of all groups in ascending order of names. An empty name finds
-    // nothing, though one contact may have an empty name.
+    /// \name Contact queries and the contact file: contact_store.cpp, contact_file.cpp
+    /// One list holds the contacts of all groups in ascending order of names. An empty name finds
+    /// nothing, though one contact may have an empty name.
+    /// \{
 
+    /// - Returns: true if a contact has exactly that name.
     bool IsContactExist(const qz::basic_string<char>& strName) const;
 
     /// - Returns: the id of the contact's group; -1 if there is no such contact.
@@ -280,15 +288,16 @@ class NSDIRECTORY_API CContactLocalManager
     int SaveContactToXml();
 
     /// Reads the contact file again. Contacts that were held before take no new slot.
-    /// - Returns: 1; 0 if there is no file or no root_contact in it, which both empty the list, if
-    /// an
+    /// - Returns: 1; 0 if there is no file or no root_contact in it (both empty the list), if an
     ///   element was refused (a name equal to an earlier one, above its limit), or if memory ran
     ///   short.
     /// - Writes: nothing.
     int ReloadContactXml();
+    /// \}
 
-    // -- Adding and updating contacts: contact_entry.cpp --
-    // Photos are taken on colour screens only. Ids stay.
+    /// \name Adding and updating contacts: contact_entry.cpp
+    /// Photos are taken on colour screens only. Ids stay.
+    /// \{
 
     /// Adds a contact to the group of that name. data.m_strGroupName is not read.
     /// - Returns: how many contacts of the group are before the new one, and one more if the next
@@ -298,7 +307,7 @@ class NSDIRECTORY_API CContactLocalManager
     ///   2. DIR_RET_NO_MEMORY, from an earlier shortage
     ///   3. DIR_RET_GROUP_NOT_FOUND
     ///   4. DIR_RET_BLACK_FULL for the blacklist, DIR_RET_CONTACT_FULL for any other group
-    ///   5. DIR_RET_CONTACT_EXIST, a contact's name is equal under strcasecmp, in whichever group
+    ///   5. DIR_RET_CONTACT_EXIST, a contact's name is equal under strcasecmp, in any group
     ///   6. DIR_RET_NO_MEMORY
     /// - Writes: the contact file.
     int AddContact(const qz::basic_string<char>& strGroupName, const ContactGeneralItemData& data);
@@ -311,7 +320,7 @@ class NSDIRECTORY_API CContactLocalManager
     int AddBlackContact(const ContactGeneralItemData& data);
 
     /// Gives the contact strName the values of data; data.m_strGroupName names its group. A rename
-    /// puts the contact in afresh, so on plain screens its photo is lost.
+    /// makes a new record, so on plain screens the photo is lost.
     /// - Returns: with the same name, how many contacts of the target group, or of all for "All
     ///   Contacts", are before and at the contact, counted before the change. For a rename, what
     ///   AddContact() returns.
@@ -332,9 +341,11 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Writes: the contact file; nothing if the name is the same and no value differs.
     int UpdateContactData(const qz::basic_string<char>& strName,
                           const ContactGeneralItemData& data);
+    /// \}
 
-    // -- Removing contacts: contact_removal.cpp --
-    // The files of rings and photos are not touched. Ids stay.
+    /// \name Removing contacts: contact_removal.cpp
+    /// The files of rings and photos are not touched. Ids stay.
+    /// \{
 
     /// Removes one contact. An empty name removes the contact without a name.
     /// - Returns: 1.
@@ -354,11 +365,13 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Refuses: DIR_RET_NO_MEMORY, from an earlier shortage.
     /// - Writes: the contact file if a contact was removed, else nothing.
     int RemoveAllContacts(int nGroupId);
+    /// \}
 
-    // -- Moving contacts and the blacklist: contact_moves.cpp --
-    // A move changes the contact's group and nothing else. In the three calls by group name,
-    // contacts that cross the border of the blacklist need a free slot on the other side; a name of
-    // no contact needs none and is no failure there. Ids stay.
+    /// \name Moving contacts and the blacklist: contact_moves.cpp
+    /// A move changes the contact's group and nothing else. In the three calls by group name,
+    /// contacts that cross the border of the blacklist need a free slot on the other side; a name
+    /// of no contact needs none and is no failure there. Ids stay.
+    /// \{
 
     /// Tests whether the named contacts fit into the group. listName stays as it was.
     /// - Returns: 0 if they do.
@@ -394,8 +407,7 @@ class NSDIRECTORY_API CContactLocalManager
     /// Takes a contact out of the blacklist, into "All Contacts", and tests no limit.
     /// - Returns: 1.
     /// - Refuses, in order: DIR_RET_NO_MEMORY, from an earlier shortage; DIR_RET_NOT_BLACK, also
-    /// for
-    ///   a name of no contact; DIR_RET_RELOADING.
+    ///   for a name of no contact; DIR_RET_RELOADING.
     /// - Writes: the contact file.
     int Black2Local(const qz::basic_string<char>& strName);
 
@@ -410,9 +422,11 @@ class NSDIRECTORY_API CContactLocalManager
     ///   6. DIR_RET_GROUP_NOT_FOUND, the group list is empty
     /// - Writes: the contact file.
     int Local2Black(const qz::basic_string<char>& strName);
+    /// \}
 
-    // -- Contact listing and reading: contact_reading.cpp --
-    // A contact whose group is missing counts but is not handed out.
+    /// \name Contact listing and reading: contact_reading.cpp
+    /// A contact whose group is missing counts but is not handed out.
+    /// \{
 
     /// On plain screens the photo fields of pData are untouched.
     /// - Returns: 1 and the contact; 0, with pData untouched, if there is no such contact, pData is
@@ -425,11 +439,13 @@ class NSDIRECTORY_API CContactLocalManager
     int GetContactList(ContactGeneralItemListData* pList,
                        const qz::basic_string<char>& strGroupName) const;
     int GetContactListById(ContactGeneralItemListData* pList, int nGroupId) const;  ///< The same.
+    /// \}
 
-    // -- Lookup by number: number_lookup.cpp --
-    // A number matches one of a contact's three numbers byte for byte, nothing else: hosts bring
-    // numbers into one form before they store and ask. Of several contacts with the number the
-    // first in the list is the answer. Null and empty numbers match nothing.
+    /// \name Lookup by number: number_lookup.cpp
+    /// A number matches one of a contact's three numbers byte for byte, nothing else: hosts bring
+    /// numbers into one form before they store and ask. Of several contacts with the number the
+    /// first in the list is the answer. Null and empty numbers match nothing.
+    /// \{
 
     /// - Returns: the contact's display name; empty if there is none.
     qz::basic_string<char> GetContactNameByPhoneNumber(const char* pNumber) const;
@@ -437,16 +453,17 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Returns: true if the contact found by the number is blacklisted.
     bool IsBlackContactNumber(const char* pNumber) const;
 
-    /// - Returns: 1 and the contact; 0, with pData untouched, for null pointers, for no such
-    /// contact
-    ///   and for one whose group is missing.
+    /// - Returns: 1 and the contact; 0, with pData untouched, for null pointers, if there is no
+    ///   such contact and if its group is missing.
     int GetContactDataByNumber(ContactGeneralItemData* pData, const char* pNumber) const;
 
     /// The same by display name and, only if no contact has that, by number.
     int GetContactData(ContactGeneralItemData* pData, const qz::basic_string<char>& strName,
                        const qz::basic_string<char>& strNumber) const;
+    /// \}
 
-    // -- Rings and photos: ring_and_photo.cpp --
+    /// \name Rings and photos: ring_and_photo.cpp
+    /// \{
 
     /// The ring to play for a number. pSecond has no effect.
     /// - Returns: the contact's ring if its file exists, else that of its group, whose file is not
@@ -462,16 +479,18 @@ class NSDIRECTORY_API CContactLocalManager
     /// - Refuses, in order: DIR_RET_NULL_ARGUMENT; DIR_RET_NO_MEMORY, from an earlier shortage.
     /// - Writes: the contact file in every case.
     int SetDefaultPhoto(const char* pPhoto);
+    /// \}
 
-    // -- Export: export_file.cpp --
+    /// \name Export: export_file.cpp
+    /// \{
 
     /// Exports groups and contacts into one file. If the path is a pipe whose reader has left,
     /// SIGPIPE ends the process unless the host ignores that signal.
     /// - Returns: 1, always.
     /// - Writes: the file at the path, over what is there; contact_xported.xml in the data folder
-    /// if
-    ///   the path is empty. The two files stay as they are, unless the path is one of theirs.
+    ///   if the path is empty. The two files stay as they are, unless the path is one of theirs.
     int ExportContactAndGroup(qz::basic_string<char> strPath);
+    /// \}
 
   private:
     using GroupIterator = QZList<GroupData*>::ListIterator;

@@ -36,8 +36,8 @@ inline constexpr int DIR_RET_NO_MEMORY = -50;         ///< no memory now; nothin
 inline constexpr int DIR_RET_EMPTY_KEY = -100;        ///< the name that selects the entry is empty
 inline constexpr int DIR_RET_INVALID = -101;          ///< the data is refused
 
-// Group ids. These two are fixed; all others live in memory only and are given afresh by every
-// load of the group file, so no id outlives an add, a rename or a removal of a group.
+// Group ids. These two are fixed; all others live in memory only, and every load of the
+// group file gives new ones, so no id outlives an add, a rename or a removal of a group.
 inline constexpr int GROUP_ID_NONE = -1;
 inline constexpr int GROUP_ID_ALL = 0;        ///< "All Contacts": contacts in no user group
 inline constexpr int GROUP_ID_BLACKLIST = 1;  ///< "Blacklist"
@@ -57,10 +57,10 @@ struct ContactGeneralItemData
     qz::basic_string<char> m_strOfficeNumber;
     qz::basic_string<char> m_strMobileNumber;
     qz::basic_string<char> m_strOtherNumber;
-    qz::basic_string<char> m_strDefaultPhoto;  ///< path; takes part on colour screens only
+    qz::basic_string<char> m_strDefaultPhoto;  ///< path; used on colour screens only
     qz::basic_string<char> m_strRing;          ///< path; empty leaves it to the group
     int m_nLine = 0;                           ///< the host's; stored only
-    int m_nSelectedPhoto = 0;                  ///< the host's; takes part on colour screens only
+    int m_nSelectedPhoto = 0;                  ///< the host's; used on colour screens only
 };
 
 /// One entry of a list of group names.

@@ -13,19 +13,21 @@
 
 #pragma GCC visibility push(default)
 
-/// Non-zero if the screen shows colours. Only then do contacts have photos: the directory reads,
-/// writes and hands out the photo fields on colour screens alone. An answer that changes while
-/// contacts are stored costs their photos at the next load or save on a plain screen.
+/// Whether the screen shows colours. Only then do contacts have photos: the directory reads, writes
+/// and hands out the photo fields on colour screens alone. If the answer changes to zero while
+/// contacts are stored, they lose their photos with the next save.
+/// - Returns: non-zero if it does.
 int IsColorfulScreen();
 
 class ZMK_MiscHelper
 {
   public:
-    /// Non-zero if a file exists at the path. It is asked for the two files of the directory and
-    /// for the ring of a contact. A wrong zero for the group file has the default groups written
-    /// over it, and one for the contact file gives an empty list that the next save writes over it.
-    /// So an answer that cannot be had, because of a shortage of memory or an error of the storage,
-    /// is not zero, and a device whose storage is not up yet must not start the directory.
+    /// Whether a file exists at the path. The directory asks for its two files and for the ring of
+    /// a contact. After a wrong zero for the group file, the default groups are written over it;
+    /// after one for the contact file, the next save writes an empty list over it. So do not return
+    /// zero if memory is short or the storage fails, and do not start the directory before the
+    /// storage is mounted.
+    /// - Returns: zero if there is no such file, else non-zero.
     static int pathFileExist(const char* path);
 };
 
@@ -41,9 +43,10 @@ class ZMK_RegistryHelper
     };
 };
 
-/// The integer that the configuration holds for the key name. The one key that the directory asks
-/// for is "HistoryBlackListShowSwitch": exactly 1 shows the group "Blacklist" among the groups, any
-/// other value hides it. The answer for a key that is not there is the device's choice.
+/// Looks up a key of the device's configuration. The directory asks for one key only,
+/// "HistoryBlackListShowSwitch": 1 shows the group "Blacklist" among the groups, any other value
+/// hides it.
+/// - Returns: the integer of the key name; the device chooses the one for an absent key.
 int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL_TYPE level);
 
 #pragma GCC visibility pop

@@ -52,7 +52,7 @@ class NSDIRECTORY_API CContactSearch
     CContactSearch(const CContactSearch&) = delete;
     CContactSearch& operator=(const CContactSearch&) = delete;
 
-    /// Reads all contacts afresh, page by page.
+    /// Reads all contacts again, page by page.
     /// - Returns: how many contacts it holds.
     /// - Refuses: DIR_RET_NO_MEMORY. It then holds what it held before.
     /// - Writes: nothing.
@@ -65,8 +65,8 @@ class NSDIRECTORY_API CContactSearch
     /// A text that has none of these finds nothing.
     /// - Returns: how many contacts match. The first nMost of them are in pMatches, and the
     ///   rest of the array is untouched. With nMost 0 it counts only.
-    /// - Refuses: DIR_RET_NULL_ARGUMENT, pText is null, or pMatches is and nMost is above 0;
-    ///   DIR_RET_NO_MEMORY; DIR_RET_INVALID, more than SEARCH_WORDS_MAX words. The array is
+    /// - Refuses, in order: DIR_RET_NULL_ARGUMENT, pText is null, or pMatches is and nMost is above
+    ///   0; DIR_RET_NO_MEMORY; DIR_RET_INVALID, more than SEARCH_WORDS_MAX words. The array is
     ///   untouched.
     /// - Writes: nothing.
     int FindByText(const char* pText, int nOptions, SearchMatchData* pMatches, int nMost) const;
@@ -78,8 +78,9 @@ class NSDIRECTORY_API CContactSearch
     /// contact's numbers that contains the keys, as FindByText() does; *, # and + are for numbers
     /// only. No keys find nothing.
     /// - Returns: as FindByText().
-    /// - Refuses: DIR_RET_NULL_ARGUMENT, as FindByText(); DIR_RET_INVALID, a character other than 0
-    ///   to 9, *, # and +, or more than SEARCH_KEYS_MAX of them. The array is untouched.
+    /// - Refuses, in order: DIR_RET_NULL_ARGUMENT, as FindByText(); DIR_RET_INVALID, a character
+    ///   other than 0 to 9, *, # and +, or more than SEARCH_KEYS_MAX of them. The array is
+    ///   untouched.
     /// - Writes: nothing.
     int FindByKeys(const char* pKeys, int nOptions, SearchMatchData* pMatches, int nMost) const;
 

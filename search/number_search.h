@@ -42,11 +42,11 @@ class NSDIRECTORY_API CNumberSearch
     CNumberSearch(const CNumberSearch&) = delete;
     CNumberSearch& operator=(const CNumberSearch&) = delete;
 
-    /// Reads all contacts afresh, page by page, and brings all their numbers into one form, which
+    /// Reads all contacts again, page by page, and brings all their numbers into one form, which
     /// takes some 10 microseconds of a workstation for each number. pCountry is the country of the
     /// telephone, two capital letters such as "DE" (ISO 3166); later searches use it too.
     /// - Returns: how many contacts it holds.
-    /// - Refuses: DIR_RET_NULL_ARGUMENT; DIR_RET_INVALID, there is no such country;
+    /// - Refuses, in order: DIR_RET_NULL_ARGUMENT; DIR_RET_INVALID, there is no such country;
     ///   DIR_RET_NO_MEMORY. It then holds what it held before.
     /// - Writes: nothing.
     /// - Ids and pointers: ends the texts of all earlier matches, unless it refuses.
@@ -55,10 +55,10 @@ class NSDIRECTORY_API CNumberSearch
     /// Finds the contacts with a number of this line, in the order of the directory, the
     /// blacklisted ones at their places among the others. The place of a match is the whole number.
     /// A text without letters, digits, *, # and + finds nothing.
-    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and the
-    ///   rest of the array is untouched. With nMost 0 it counts only.
-    /// - Refuses: DIR_RET_NULL_ARGUMENT, pNumber is null, or pMatches is and nMost is above 0;
-    ///   DIR_RET_NO_MEMORY. The array is untouched.
+    /// - Returns: how many contacts match. The first nMost of them are in pMatches, and the rest
+    ///   of the array is untouched. With nMost 0 it counts only.
+    /// - Refuses, in order: DIR_RET_NULL_ARGUMENT, pNumber is null, or pMatches is and nMost is
+    ///   above 0; DIR_RET_NO_MEMORY. The array is untouched.
     /// - Writes: nothing.
     int FindByNumber(const char* pNumber, SearchMatchData* pMatches, int nMost) const;
 
