@@ -59,7 +59,7 @@ install(FILES ${GENERATED_DIR}/nsdirectory-config.cmake ${GENERATED_DIR}/nsdirec
 install(EXPORT nsdirectory-targets NAMESPACE nsdirectory::
   DESTINATION ${CONFIG_DIR})
 
-# For pkg-config. The files find the prefix from where they lie themselves.
+# For pkg-config. The files find the prefix by their own place.
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
   BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX}/${PKGCONFIG_DIR} OUTPUT_VARIABLE PREFIX_FROM_PKGCONFIG)
 if(NSDIRECTORY_DATA_DIR)
@@ -75,7 +75,7 @@ foreach(name ${PKGCONFIG_NAMES})
   install(FILES ${GENERATED_DIR}/${name}.pc DESTINATION ${PKGCONFIG_DIR})
 endforeach()
 
-# For gdb, which loads a script that lies under the path of the shared object it was made for.
+# For gdb, which loads a script from the path of the shared object that it was made for.
 install(FILES tools/gdb/nsdirectory_printers.py DESTINATION ${PRINTER_DIR})
 if(NSDIRECTORY_SHARED)
   set(AUTO_LOAD_DIR ${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR})

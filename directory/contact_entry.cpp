@@ -144,7 +144,7 @@ int CContactLocalManager::MyRenameContact(ItemIterator pos, int nGroupId,
 int CContactLocalManager::MyUpdateInPlace(ItemData& item, int nGroupId,
                                           const ContactGeneralItemData& data)
 {
-    // Between other groups no limit is tested, not even one that the count exceeds.
+    // Other moves test no limit, even if the count is above it.
     if (CrossesBlacklist(item.m_nGroupId, nGroupId)) {
         const int nTest = MyTestContactLimit(nGroupId, 1);
         if (nTest < 0) {

@@ -97,7 +97,7 @@ int CContactLocalManager::SetContactGroupId(const qz::basic_string<char>& strNam
     return DIR_RET_OK;
 }
 
-// No limit on the way out: a number is never kept blocked because a slot is missing.
+// No limit is tested: a number is never kept blocked because a slot is missing.
 int CContactLocalManager::Black2Local(const qz::basic_string<char>& strName)
 {
     if (MyCatchUp() < 0) {

@@ -1,5 +1,5 @@
-// Removing contacts: one by name, several by a list of names, or a whole group. However many go,
-// the file is written once.
+// Removing contacts: one by name, several by a list of names, or a whole group. The file is written
+// once, however many are removed.
 
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
@@ -13,7 +13,7 @@ int CContactLocalManager::RemoveContact(const qz::basic_string<char>& strName)
     if (nChange < 0) {
         return nChange;
     }
-    // An empty name removes the contact without a name: this is the only way to be rid of it.
+    // An empty name removes the contact without a name. No other call can.
     const ItemIterator pos = MyFindContactPosition(strName);
     if (pos == m_listContact.end()) {
         return DIR_RET_CONTACT_NOT_FOUND;

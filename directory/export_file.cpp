@@ -19,7 +19,7 @@ int CContactLocalManager::ExportContactAndGroup(qz::basic_string<char> strPath)
     }
     pugi::xml_node contacts = file.AppendRoot(ELEMENT_ROOT_CONTACT);
     for (const ItemData& item : RecordsOf(m_listContact)) {
-        // The group that the contact is in now; a kept name is a matter of the contact file.
+        // The group that the contact is in now; kept names are for the contact file only.
         AppendExportedContact(file, contacts, item, GroupNameById(m_listGroup, item.m_nGroupId));
     }
     if (strPath.empty()) {

@@ -18,7 +18,7 @@ int CContactLocalManager::AddGroup(const ContactGroupData& data)
     return MyAddGroup(data, GROUP_ID_NONE);
 }
 
-// The generator's id may be that of a group in the list. Nobody sees it: the file holds no ids and
+// The generator's id may be that of a group in the list. No host sees it: the file holds no ids and
 // the reload gives new ones.
 int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
 {
@@ -153,7 +153,7 @@ int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGrou
     if (IsGroupExist(data.m_strDisplayName)) {
         return DIR_RET_GROUP_EXIST;
     }
-    // A fixed group comes back afresh beside the renamed one, so it does not give up its slot.
+    // The reload makes the fixed group again beside the renamed one, so no slot becomes free.
     const int nOthers = GetCurrentGroupCount() - (MyIsGroupReadOnly(group.m_nId) ? 0 : 1);
     if (nOthers >= m_nMaxGroupCount) {
         return DIR_RET_GROUP_FULL;

@@ -104,7 +104,7 @@ int CContactLocalManager::GetGroupIndexByName(const char* pName) const
     return 0;
 }
 
-// Only this comparison, whichever group is there: callers rely on it.
+// Only this comparison, whatever group is there: callers rely on it.
 bool CContactLocalManager::IsBlacklistIndex(int nIndex) const
 {
     return nIndex == GetCurrentGroupCount() - 1;

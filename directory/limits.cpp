@@ -39,7 +39,7 @@ ContactLimits CContactLocalManager::MyContactLimitsForReload() const
             std::max({m_nMaxBlackCount, nBlackHeld, m_nBlackRoom})};
 }
 
-// Fixed groups that the load makes afresh take no slot either.
+// Fixed groups that the load makes again take no slot either.
 int CContactLocalManager::MyGroupLimitForReload() const
 {
     int nHeld = GetCurrentGroupCount();

@@ -1,7 +1,7 @@
 // Memory that runs short costs no contact. A file that could not be read whole for lack of memory
 // counts as unread: the list may hold a part of it. Questions are answered from that part, but no
 // save may write it over the whole file. A document that could not be built leaves its file older
-// than the list, and no reload may take the list back. Each mutator makes up for both before it
+// than the list, and no reload may replace the list by it. Each mutator repairs both before it
 // changes anything, and refuses if memory is still short.
 
 #include "directory/contact_local_manager.h"

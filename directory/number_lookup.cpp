@@ -1,6 +1,6 @@
 // Who is calling: one search over the contact list, and the questions that start from a number.
 // There is no index. A walk over a thousand contacts takes some microseconds and needs no memory,
-// and the first contact in list order is the answer, whatever was added when.
+// and the first contact in list order is the answer, in whatever order they were added.
 
 #include <cstdint>
 
@@ -100,9 +100,9 @@ class CLongNumber
     std::uint64_t m_nLastWord;
 };
 
-// The foremost contact wins, but the walk goes from both ends at once: each step of a walk waits
-// for memory, and two walks wait at the same time. In a list of odd length they meet at the contact
-// in the middle.
+// The first contact in the list counts, but the walk goes from both ends at once: each step of a
+// walk waits for memory, and two walks wait at the same time. In a list of odd length they meet at
+// the contact in the middle.
 template <class Number>
 ItemData* FindFirst(const ItemDataList& list, const Number& number)
 {
@@ -127,7 +127,7 @@ ItemData* FindFirst(const ItemDataList& list, const Number& number)
 CContactLocalManager::ItemData* CContactLocalManager::MyFindContactByNumber(
     const qz::basic_string<char>& strNumber, const qz::basic_string<char>& strSecond) const
 {
-    (void)strSecond;  // takes no part
+    (void)strSecond;  // not used
     if (strNumber.empty()) {
         return nullptr;  // or it would match every empty field
     }

@@ -17,7 +17,7 @@ constexpr char DEFAULT_PHOTO[] = "Default:default_contact_image.png";
 qz::basic_string<char> CContactLocalManager::GetContactRingByNumber(const char* pNumber,
                                                                     const char* pSecond) const
 {
-    (void)pSecond;  // takes no part in the search
+    (void)pSecond;  // not used in the search
     const ItemData* pItem = MyFindContactByNumber(pNumber, {});
     if (pItem == nullptr) {
         return {};
@@ -50,7 +50,7 @@ int CContactLocalManager::SetDefaultPhoto(const char* pPhoto)
             item.m_strDefaultPhoto = DEFAULT_PHOTO;
         }
     }
-    MySetContactDirty(true);  // in every case, even if nobody has the photo
+    MySetContactDirty(true);  // in every case, even if no contact has the photo
     return DIR_RET_OK_ZERO;
 }
 

@@ -132,7 +132,7 @@ TEST(String, ComparesAllItsBytesAsUnsigned)
     }
     const String str("xabc");
     EXPECT_EQ(str.compare(1, NPOS, "abc", 3), 0);
-    EXPECT_EQ(str.compare(1, 2, "abc", 3), -1) << "only two characters of the left take part";
+    EXPECT_EQ(str.compare(1, 2, "abc", 3), -1) << "only two characters of the left are compared";
     EXPECT_EQ(str.compare(4, NPOS, NONE, 0), 0);
 }
 

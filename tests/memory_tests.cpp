@@ -97,7 +97,7 @@ class MemoryTest : public DirectoryTest
 
     static std::string Files() { return ReadFile(GROUP_FILE) + ReadFile(CONTACT_FILE); }
 
-    // The call with nothing to stand in its way, and the later ones, but for those refused.
+    // The call with all the memory it wants, and the later ones, except those refused.
     static const std::string& Expected(const CallRow& row, const Results& results)
     {
         std::string strKey = row.m_pName;
@@ -124,7 +124,7 @@ class MemoryTest : public DirectoryTest
         }
     }
 
-    // The call in a process of its own, with nBlocks allocations to be had. False once it needs no
+    // The call in its own process, with nBlocks allocations left. False once it needs no
     // more than that.
     static bool RunShort(const CallRow& row, long nBlocks, bool bOnlyOne)
     {

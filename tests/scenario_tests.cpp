@@ -1,6 +1,6 @@
-// Plays each file of tests/scenarios/, and says what came in another way.
+// Plays each file of tests/scenarios/, and reports what differs.
 //
-// With NSDIRECTORY_SCENARIOS=rewrite the files are written anew with what came.
+// With NSDIRECTORY_SCENARIOS=rewrite the files are written again with the results.
 
 #include <set>
 

@@ -1,5 +1,5 @@
-// A contact as an element: what a save writes is what a load reads, but for the name index, which
-// is written empty and never read.
+// A contact as an element: a load reads what a save writes, except the name index, which is written
+// empty and never read.
 
 #include "directory/internal/contact_element.h"
 
@@ -12,8 +12,8 @@
 namespace NS_DIRECTORY {
 namespace {
 
-// Beyond the range of int a number is held at its ends. An absent attribute gives 0, like every
-// text without digits.
+// A number beyond the range of int becomes the nearest end of it. An absent attribute gives 0, like
+// every text without digits.
 int NumberOf(pugi::xml_attribute attribute)
 {
     constexpr int DECIMAL = 10;

@@ -9,7 +9,8 @@
 
 namespace NS_DIRECTORY {
 
-// Keeps what is taken, and hears why an element is refused. It owns the list and its records.
+// Keeps what is taken, and is notified of what is refused, and why. It owns the list and its
+// records.
 class CContactLoadListener
 {
   public:

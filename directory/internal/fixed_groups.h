@@ -34,7 +34,7 @@ inline bool IsFixedGroupName(const char* pName)
            std::strcmp(pName, BLACKLIST.m_pName) == 0;
 }
 
-// As every load makes it afresh.
+// As every load makes it.
 inline GroupData MakeFixedGroup(const FixedGroup& fixed)
 {
     GroupData group;

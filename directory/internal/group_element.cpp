@@ -1,4 +1,4 @@
-// A group as an element: what a save writes is what a load reads.
+// A group as an element: a load reads what a save writes.
 
 #include "directory/internal/group_element.h"
 

@@ -8,8 +8,8 @@
 
 namespace NS_DIRECTORY {
 
-// Hears what becomes of the fixed groups, which come first and have no element, and then of each
-// element in the order of the file.
+// Is notified of the fixed groups, which come first and have no element, and then of each element
+// in the order of the file.
 class CGroupLoadListener
 {
   public:

@@ -1,4 +1,4 @@
-// Keep, resolve, write: the story is in the header.
+// Keep, resolve, write: the header explains why.
 
 #include "directory/internal/missing_groups.h"
 

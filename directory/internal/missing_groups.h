@@ -1,7 +1,7 @@
 // Contacts whose group is missing.
 //
 // The contact file names each contact's group, and a load turns the name into an id. If the group
-// file was lost or broken, there are no groups, and every contact lands in group 0. The next save
+// file was lost or broken, there are no groups, and every contact is put in group 0. The next save
 // would then write the name of group 0, or none, for all of them. So an instance that has once
 // had an empty group list keeps, in each such contact, the name that the file had:
 //

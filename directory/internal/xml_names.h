@@ -1,5 +1,5 @@
-// The names of elements and attributes, which what writes a file and what reads it must share, each
-// once. The files are named in directory/data_files.h, the fixed groups in fixed_groups.h.
+// The names of elements and attributes, each once: what writes a file and what reads it must agree
+// on them. The files are named in directory/data_files.h, the fixed groups in fixed_groups.h.
 
 #ifndef NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H
 #define NSDIRECTORY_DIRECTORY_INTERNAL_XML_NAMES_H

@@ -21,7 +21,7 @@ CContactLocalManager* StartWithLimits()
     (void)pDirectory->SetMaxGroupCount(100);
     (void)pDirectory->SetMaxContactCount(2000);
     (void)pDirectory->SetMaxBlackCount(100);
-    // The start went by the limits of a fresh instance. Groups first, and before any change.
+    // The start used the limits of a fresh instance. Groups first, and before any change.
     const int nGroups = pDirectory->ReloadGroupXml();
     const int nContacts = pDirectory->ReloadContactXml();
     if (nGroups == NS_DIRECTORY::DIR_RET_NONE || nContacts == NS_DIRECTORY::DIR_RET_NONE) {

@@ -59,7 +59,7 @@ int configParser_GetConfigInt(const char* name, ZMK_RegistryHelper::CONFIG_LEVEL
         return 0;
     }
     pugi::xml_document document;
-    (void)document.load_file(CONFIG_FILE);  // what could be read is looked at
+    (void)document.load_file(CONFIG_FILE);  // of a broken file, what could be read is used
     for (const pugi::xml_node key : document.child("device_config").children("int")) {
         if (std::strcmp(key.attribute("level").value(), LevelName(level)) == 0 &&
             std::strcmp(key.attribute("name").value(), name) == 0) {

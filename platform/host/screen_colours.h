@@ -5,9 +5,9 @@
 
 namespace platform_host {
 
-// Asks the frame buffer, and if it does not answer, reads its depth in bits from the second file,
-// which needs no rights to the device but only sets black and white apart from the rest. If neither
-// is there, the answer is yes: such a workstation shows its windows in colour elsewhere.
+// Asks the frame buffer. If it does not answer, reads its depth in bits from the second file: that
+// needs no rights to the device, but recognises black and white only. If neither is there, the
+// answer is yes: such a workstation shows its windows in colour elsewhere.
 bool HasColours(const char* pFrameBuffer, const char* pDepthFile);
 
 }  // namespace platform_host

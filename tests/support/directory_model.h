@@ -102,7 +102,7 @@ struct CDirectoryModel : CModelLists
         REFUSE_IF(group.m_nId < 0, DIR_RET_GROUP_NOT_FOUND);
         REFUSE_IF(IsFixed(group), DIR_RET_GROUP_READ_ONLY);
         MoveAll(group.m_nId);
-        WriteContacts();  // once more, even if nobody was in it
+        WriteContacts();  // once more, even if it was empty
         m_groups.erase(m_groups.begin() + GroupPlace(group));
         WriteGroupsAndReload();
         return DIR_RET_OK;
@@ -273,7 +273,7 @@ struct CDirectoryModel : CModelLists
     int MoveContactToGroup(const String& strName, const String& strGroup)
     {
         List names = NameList({strName.c_str()});
-        // The empty name counts in the test, and finds nobody to move.
+        // The empty name counts in the test, but moves no contact.
         return strName.empty() ? IsListCanMove(names, strGroup) : MoveListToGroup(names, strGroup);
     }
     int SetContactGroupId(const String& strName, int nId)

@@ -106,7 +106,7 @@ class DirectoryTest : public testing::Test
 
     static Manager& Directory() { return *Manager::GetInstance(); }
 
-    // Start over: on files with these entries, or on the files that lie there.
+    // Start over: on files with these entries, or on the files that are there.
     static void Start(const GroupRows& groups, const ContactRows& contacts)
     {
         WriteFile(GROUP_FILE, GroupFile(groups));

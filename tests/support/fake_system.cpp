@@ -27,7 +27,7 @@ void* AllocateXml(std::size_t nBytes)
     return Refuses(FileCalls::XML_MEMORY) ? nullptr : std::malloc(nBytes);
 }
 
-// The function that these definitions stand in front of.
+// The system's function, which the one of that name here hides.
 template <class Function>
 Function* Real(Function* /*pOwn*/, const char* pName)
 {

@@ -169,7 +169,7 @@ struct CModelLists
         const auto pos = std::find_if(m_groups.begin(), m_groups.end(), isBehind);
         return GroupPlace(*m_groups.insert(pos, group));
     }
-    // Returns how many of its group stand before it, and one more if the next one is of the group.
+    // Returns how many of its group are before it, and one more if the next one is of the group.
     int InsertItem(const Item& item)
     {
         const auto pos = std::find_if(m_items.begin(), m_items.end(), [&](const Item& other) {

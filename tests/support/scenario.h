@@ -1,7 +1,7 @@
 // The language of the scenarios.
 //
-//   # A comment. A call stands on a line of its own, with its result and the files that it writes;
-//   # below it, indented, what it fills, and what changes in memory.
+//   # A comment. Each call is one line, with its result and the files that it writes; below it,
+//   # indented, what it fills, and what changes in memory.
 //   AddContact group="Family" name="Anna" mobile="200"  => 0, writes contact
 //       + contact name="Anna" mobile="200" group="Family"
 //
@@ -10,7 +10,7 @@
 //
 //   Start                      over files with the groups and contacts below it, by default the
 //                              default groups; many="9" makes nine, with numbers in their names
-//   Restart                    over the files that lie there
+//   Restart                    over the files that are there
 //   WriteFile file="contact"   puts the text below it into that file, as RemoveFile removes it and
 //                              ShowFile shows it: contact, group, export or a path
 //   SetScreen colour="0"       a plain screen, as SetSwitch value="1" sets the configuration
