@@ -98,7 +98,9 @@ class DirectoryTest : public testing::Test
     }
     void TearDown() override
     {
-        ExpectSound();
+        if (!HasFailure()) {  // else it was reported already, with the call
+            ExpectSound();
+        }
         Manager::ReleaseInstance();
         std::filesystem::current_path(m_pathBefore);
         std::filesystem::remove_all(m_pathFolder);
