@@ -212,9 +212,11 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     g_heap.m_nLeft = 0;
     const int nRing = Directory().UpdateGroupData("Family", ring);
     const int nRemoved = Directory().RemoveGroup("Club");
+    const int nReloaded = Directory().ReloadContactXml();
     g_heap.m_nLeft = LONG_MAX;
     EXPECT_EQ(nRing, 4) << "that nothing was saved is not reported";
     EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
+    EXPECT_EQ(nReloaded, DIR_RET_NONE);
     EXPECT_EQ(DIR_RET_NO_MEMORY, -50) << "which hosts have built in";
 }
 
