@@ -520,7 +520,7 @@ class NSDIRECTORY_API CContactLocalManager
     GroupIterator MyEraseGroup(GroupIterator pos);
 
     // Group file: group_file.cpp.
-    int MyCreateDefaultGroup();
+    int MyCreateDefaultGroup();  // part of the interface: the library itself never calls it
     void MyResetGenerator();
     int MyLoadGroupFromXmlFile(const qz::basic_string<char>& strFileName);
     void MyEnsureGroupFile();
@@ -545,11 +545,11 @@ class NSDIRECTORY_API CContactLocalManager
     ItemData* MyFindContact(const qz::basic_string<char>& strName) const;
     // end() if no contact has the name; an empty name is compared like any other.
     ItemIterator MyFindContactPosition(const qz::basic_string<char>& strName) const;
-    int MyGetContactCountByGroupId(int nGroupId) const;
+    int MyGetContactCountByGroupId(int nGroupId) const;  // as MyCreateDefaultGroup()
     // Both: what an add returns, or DIR_RET_BLACK_FULL, DIR_RET_CONTACT_FULL,
     // DIR_RET_CONTACT_EXIST or DIR_RET_NO_MEMORY.
     int MyInsertContactNoCheckGroup(const ItemData& data, bool bSave);
-    int MyInsertContact(const ItemData& data, bool bSave);
+    int MyInsertContact(const ItemData& data, bool bSave);  // as MyCreateDefaultGroup()
     // The same, with a save, for a record that takes the place of the one at posOld.
     int MyReplaceContact(ItemIterator posOld, const ItemData& data);
     // Puts a copy into its place and returns what an add does, DIR_RET_CONTACT_EXIST or
