@@ -65,9 +65,8 @@ class NSDIRECTORY_API CSafeCopy
     /// earlier write failed, the contact file is written again first. Call it after GetInstance()
     /// and after edits that were not guarded.
     /// - Returns: 1.
-    /// - Refuses: SAFE_RET_NO_COPY. The old copies are still there: a broken file never replaces
-    /// the
-    ///   whole copy of it.
+    /// - Refuses: SAFE_RET_NO_COPY. The old copies are still there, since a broken file never
+    ///   replaces its whole copy.
     /// - Writes: the copies, if the files have changed.
     int Keep();
 
@@ -87,8 +86,8 @@ class NSDIRECTORY_API CSafeCopy
     ///      them first, or Restore() before the next start. Until then memory may hold a part of
     ///      them, and nothing should be edited without guard: it would be undone too.
     /// - Writes: what edit writes, and the copies of the files that changed.
-    /// - Ids: all ids of user groups end with SAFE_RET_NOT_WRITTEN, since both files are read
-    /// again.
+    /// - Ids and pointers: all ids of user groups end with SAFE_RET_NOT_WRITTEN, since it reads
+    ///   both files again.
     template <class TEdit>
     int Edit(TEdit edit)
     {

@@ -149,7 +149,7 @@ void CDirectoryCheck::Take(ItemData* pItem, pugi::xml_node element)
     } else if (m_report.HasGroupFile()) {
         m_pFile->Add(FindingKind::NO_GROUP, element,
                      "there is no group " + Quoted(pGroupName) + ": the next save writes " +
-                         Quoted(strWritten) + ", where the contact stands");
+                         Quoted(strWritten) + ", where the contact is");
     }
     CXmlOutput output;  // a missing group is reported once, so its name counts as written
     m_pFile->CheckAttributes(element, Write(output, item, pGroupName));

@@ -100,12 +100,12 @@ void CFileCheck::CheckParser()
         AddAt(FindingKind::PARSER_STOPPED, status.offset, {},
               "the parser stops at byte " + std::to_string(status.offset) + " of " +
                   std::to_string(m_strText.size()) + ": " + status.description() +
-                  "; what stands behind is not read, and the next save drops it");
+                  "; what follows is not read, and the next save drops it");
     }
     if (!m_input.HasRoot()) {
         AddAt(FindingKind::NO_ROOT, -1, {},
               std::string("there is no <") + m_pRoot +
-                  ">: nothing is taken, and the next save writes over what stands there");
+                  ">: nothing is taken, and the next save writes over what is there");
     }
 }
 
