@@ -212,11 +212,16 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     g_heap.m_nLeft = 0;
     const int nRing = Directory().UpdateGroupData("Family", ring);
     const int nRemoved = Directory().RemoveGroup("Club");
-    const int nReloaded = Directory().ReloadContactXml();
+    const int nReloaded = Directory().ReloadContactXml() + Directory().ReloadGroupXml();
     g_heap.m_nLeft = LONG_MAX;
     EXPECT_EQ(nRing, 4) << "that nothing was saved is not reported";
     EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
     EXPECT_EQ(nReloaded, DIR_RET_NONE);
+    EXPECT_EQ(Directory().GetCurrentGroupCount(), 5) << "the list stays";
+    EXPECT_EQ(Directory().ReloadGroupXml() + Directory().ReloadContactXml(), 2);
+    const FileCalls calls;
+    EXPECT_EQ(Directory().RemoveContact("Bob"), DIR_RET_OK);
+    EXPECT_EQ(calls.Written(), Texts{CONTACT_FILE}) << "no group waits to be saved";
     EXPECT_EQ(DIR_RET_NO_MEMORY, -50) << "which hosts have built in";
 }
 
