@@ -43,10 +43,16 @@ void CTerminal::Close()
 
 void CTerminal::Show(const std::function<void()>& print)
 {
+    if (m_bShowing) {
+        print();  // the prompt follows all of it
+        return;
+    }
     if (std::exchange(m_bPromptShown, false)) {
         std::cout << '\n';
     }
+    m_bShowing = true;
     print();
+    m_bShowing = false;
     if (m_bPerson && m_bOpen) {
         std::cout << "phone> ";
         m_bPromptShown = true;

@@ -27,6 +27,7 @@ class CTerminal
     void Close();
 
     // Runs print, which writes to std::cout, below what stands there, and shows the prompt again.
+    // From within a print it only runs it.
     void Show(const std::function<void()>& print);
 
     bool IsPerson() const { return m_bPerson; }
@@ -44,6 +45,7 @@ class CTerminal
     bool m_bPerson;         // at a prompt
     bool m_bOpen = false;
     bool m_bPromptShown = false;
+    bool m_bShowing = false;
     bool m_bOutputBroken = false;
 };
 
