@@ -64,7 +64,7 @@ class FullDiskTest : public GuardedTest
         EXPECT_EQ(mount("none", pFolder, "tmpfs", 0, "size=4m"), 0);
         std::filesystem::current_path(path);  // the one on top
         std::string strRows;
-        for (const std::size_t nKib : {0, 4, 16, 256}) {
+        for (const std::size_t nKib : {0U, 4U, 16U, 256U}) {
             int arrCount[OUTCOME_COUNT] = {};
             for (const CaseData& edit : cases) {
                 SCOPED_TRACE(Joined(pTitle, ", ", edit.m_row.m_pName, ", KiB free: ", nKib));

@@ -1,6 +1,7 @@
-// These rename functions, and both names are called.
+// These rename functions, and both names are called; or define some of those below.
 #undef _FILE_OFFSET_BITS
 #undef _TIME_BITS
+#undef _FORTIFY_SOURCE
 
 #include "tests/support/disk_calls.h"
 

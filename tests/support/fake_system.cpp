@@ -1,6 +1,7 @@
-// The XML library calls the plain names, which the system's headers would replace here.
+// The XML library calls the plain names, which the system's headers would replace or define here.
 #undef _FILE_OFFSET_BITS
 #undef _TIME_BITS
+#undef _FORTIFY_SOURCE
 
 #include "tests/support/fake_system.h"
 
