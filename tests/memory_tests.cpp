@@ -165,7 +165,8 @@ class MemoryTest : public DirectoryTest
             results[0] = 1;
             bAsExpected = strFiles == Expected(row, results);
         }
-        EXPECT_TRUE(bAsExpected) << strFiles.substr(0, 900);
+        EXPECT_TRUE(bAsExpected) << row.m_pName << " and the later calls left:\n"
+                                 << strFiles.substr(0, 700);
     }
 };
 
@@ -191,6 +192,7 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
         rows.emplace_back("c" + std::to_string(n), "Family");
     }
     for (const int nFailing : {1, 3, 5}) {  // the groups, the contacts, all but part of them
+        SCOPED_TRACE(Joined("a start without allocation ", nFailing));
         Start({{"Club"}, {"Company"}, {"Family"}}, rows);
         FileCalls calls;
         calls.Fail(FileCalls::XML_MEMORY, nFailing);
@@ -198,7 +200,7 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
         (void)Directory().SetMaxBlackCount(0);  // that it is full is no reason yet
         EXPECT_LT(Directory().GetCurrentContactCount() * Directory().GetCurrentGroupCount(), 1000);
         for (std::size_t n = 3; n < CALLS.size(); ++n) {  // the mutators
-            SCOPED_TRACE(Joined(CALLS[n].m_pName, ", allocation ", nFailing));
+            SCOPED_TRACE(CALLS[n].m_pName);
             g_heap.m_nLeft = 0;
             const int nResult = CALLS[n].m_pCall(Directory());
             g_heap.m_nLeft = LONG_MAX;
@@ -214,9 +216,9 @@ TEST_F(MemoryTest, MutatorsRefuseWhileAFileIsUnreadOrUnsaved)
     const int nRemoved = Directory().RemoveGroup("Club");
     const int nReloaded = Directory().ReloadContactXml() + Directory().ReloadGroupXml();
     g_heap.m_nLeft = LONG_MAX;
-    EXPECT_EQ(nRing, 4) << "that nothing was saved is not reported";
-    EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "until it is saved";
-    EXPECT_EQ(nReloaded, DIR_RET_NONE);
+    EXPECT_EQ(nRing, 4) << "UpdateGroupData: that nothing was saved is not reported";
+    EXPECT_EQ(nRemoved, DIR_RET_NO_MEMORY) << "RemoveGroup: until the ring is saved";
+    EXPECT_EQ(nReloaded, DIR_RET_NONE) << "ReloadContactXml and ReloadGroupXml";
     EXPECT_EQ(Directory().GetCurrentGroupCount(), 5) << "the list stays";
     EXPECT_EQ(Directory().ReloadGroupXml() + Directory().ReloadContactXml(), 2);
     const FileCalls calls;
