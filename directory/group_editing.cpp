@@ -6,6 +6,7 @@
 #include "directory/contact_local_manager.h"
 #include "directory/internal/fixed_groups.h"
 #include "directory/internal/group_place.h"
+#include "directory/internal/limits.h"
 
 namespace NS_DIRECTORY {
 
@@ -26,7 +27,7 @@ int CContactLocalManager::MyAddGroup(const ContactGroupData& data, int nId)
     if (IsGroupExist(data.m_strDisplayName)) {
         return DIR_RET_GROUP_EXIST;
     }
-    if (GetCurrentGroupCount() >= m_nMaxGroupCount) {
+    if (!HasRoomForGroup(GetCurrentGroupCount(), m_nMaxGroupCount)) {
         return DIR_RET_GROUP_FULL;
     }
     if (nId == GROUP_ID_NONE) {
@@ -155,7 +156,7 @@ int CContactLocalManager::MyTestRename(const GroupData& group, const ContactGrou
     }
     // The reload makes the fixed group again beside the renamed one, so no slot becomes free.
     const int nOthers = GetCurrentGroupCount() - (MyIsGroupReadOnly(group.m_nId) ? 0 : 1);
-    if (nOthers >= m_nMaxGroupCount) {
+    if (!HasRoomForGroup(nOthers, m_nMaxGroupCount)) {
         return DIR_RET_GROUP_FULL;
     }
     GroupData renamed;

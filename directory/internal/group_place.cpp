@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include "directory/internal/fixed_groups.h"
+#include "directory/internal/limits.h"
 
 namespace NS_DIRECTORY {
 namespace {
@@ -60,7 +61,7 @@ GroupPlace FindGroupPlace(const GroupDataList& list, const GroupData& group, int
                           const GroupData* pRenamed)
 {
     const int nCount = static_cast<int>(list.size()) - (pRenamed == nullptr ? 0 : 1);
-    if (group.m_strDisplayName.empty() || nCount >= nLimit) {
+    if (group.m_strDisplayName.empty() || !HasRoomForGroup(nCount, nLimit)) {
         return {list.end(), DIR_RET_INVALID};
     }
     const GroupDataList::ListIterator first = FindFirstOfFixed(list, group);

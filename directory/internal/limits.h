@@ -15,6 +15,12 @@ inline constexpr int START_MAX_GROUP_COUNT = 50;  // with the fixed groups
 inline constexpr int START_MAX_CONTACT_COUNT = 1000;
 inline constexpr int START_MAX_BLACK_COUNT = 30;
 
+// True if one more group fits beside nCount others. The fixed groups count too.
+inline bool HasRoomForGroup(int nCount, int nLimit)
+{
+    return nCount < nLimit;
+}
+
 // Contacts have two sides with a limit each: the blacklist, and all other groups together.
 struct ContactLimits
 {
