@@ -19,7 +19,7 @@ bool BeginsWith(const std::string& strText, const std::string& strStart)
     return strText.compare(0, strStart.size(), strStart) == 0;
 }
 
-// The groups, each after what stands before it in the word.
+// The groups, each after what is before it in the word.
 void AddGroups(const CContactLocalManager& directory, const std::string& strBefore, Words& choices)
 {
     for (int nIndex = 0; nIndex < directory.GetCurrentGroupCount(); ++nIndex) {

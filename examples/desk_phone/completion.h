@@ -12,7 +12,7 @@ namespace desk_phone {
 
 struct CompletionData
 {
-    std::string m_strWord;               // the word as it stands at the end of the text
+    std::string m_strWord;               // the word as it is at the end of the text
     std::string m_strText;               // what goes in its place; the same if nothing is known
     std::vector<std::string> m_choices;  // what else the word may become, if more than one
 };

@@ -15,7 +15,7 @@ namespace desk_phone {
 class CPhoneSearch
 {
   public:
-    // The country is where the telephone stands: two capital letters.
+    // The country is that of the telephone: two capital letters.
     CPhoneSearch(const NS_DIRECTORY::CContactLocalManager& directory, std::string strCountry)
         : m_directory(directory), m_strCountry(std::move(strCountry))
     {}

@@ -1,4 +1,4 @@
-// Results of the directory, told by name and meaning.
+// Results of the directory, shown by name and meaning.
 
 #ifndef DESK_PHONE_RESULTS_H
 #define DESK_PHONE_RESULTS_H

@@ -14,7 +14,7 @@ namespace desk_phone {
 // The columns of the terminal; of the variable COLUMNS where the output is none; 80 else.
 std::size_t ScreenWidth();
 
-// The text in as many lines as it takes, the first behind the label, the others below its end.
+// The text in as many lines as it takes, the first after the label, the others below its end.
 void PrintText(const std::string& strText, const std::string& strLabel = "");
 
 // One line, cut where it is too long.

@@ -19,8 +19,8 @@ class CWrongInput : public std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
-// Words stand between blanks. Double quotes keep blanks, and "" is an empty word; behind a
-// backslash a quote or a backslash stands for itself.
+// Words are between blanks. Double quotes keep blanks, and "" is an empty word; after a
+// backslash a quote or a backslash is itself.
 Words SplitWords(const std::string& strLine);
 
 // The word that a line breaks off in, empty after a blank: where it begins, quotes included, and

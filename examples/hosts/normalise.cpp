@@ -14,7 +14,7 @@ using namespace NS_DIRECTORY;
 
 namespace {
 
-// Where the telephone stands.
+// The country of the telephone.
 constexpr std::string_view COUNTRY_CODE = "+49";
 constexpr std::string_view INTERNATIONAL_PREFIX = "00";
 constexpr std::string_view TRUNK_PREFIX = "0";

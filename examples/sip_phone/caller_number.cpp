@@ -14,7 +14,7 @@ using i18n::phonenumbers::PhoneNumberUtil;
 constexpr std::size_t MOST_SIGNS = 40;  // more is no number, and would fill the screen
 constexpr std::string_view SEPARATORS = " -./()";
 
-// Text in which %2b stands for a plus. A percent sign without two digits stands for itself.
+// Text in which %2b is a plus. A percent sign without two digits is itself.
 std::string Decoded(std::string_view text)
 {
     std::string strDecoded;

@@ -14,7 +14,7 @@ namespace sip_phone {
 class CPhoneBook
 {
   public:
-    // strCountry is where the telephone stands: two capital letters. Throws std::runtime_error for
+    // strCountry is the telephone's country: two capital letters. Throws std::runtime_error for
     // a country that is none, and if there is no memory, as all of these do.
     CPhoneBook(NS_DIRECTORY::CContactLocalManager& directory, NS_DIRECTORY::CSafeCopy& safe,
                const std::string& strCountry);

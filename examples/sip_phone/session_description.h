@@ -1,5 +1,5 @@
 // What the two ends of a call say of their sound (SDP). This telephone has none to send or to hear:
-// it agrees on a codec and keeps the line silent ("inactive"), so that the call stands.
+// it agrees on a codec and keeps the line silent ("inactive"), so that the call goes on.
 
 #ifndef SIP_PHONE_SESSION_DESCRIPTION_H
 #define SIP_PHONE_SESSION_DESCRIPTION_H

@@ -10,7 +10,7 @@
 namespace sip_phone {
 
 // An IP address and a port, as "192.0.2.1:5060" or "[2001:db8::1]:5060". Throws std::runtime_error
-// if it is none, and for an address that stands for all: callers could not reach that.
+// if it is none, and for an address that means all: callers could not reach that.
 sa ToAddress(const std::string& strAddress);
 
 std::string ToText(const sa& address);

@@ -47,7 +47,7 @@ class CTelephone
     CTelephone(const CTelephone&) = delete;
     CTelephone& operator=(const CTelephone&) = delete;
 
-    // Takes calls at an address with its port, by UDP and TCP. Port 0 stands for a free one.
+    // Takes calls at an address with its port, by UDP and TCP. Port 0 means a free one.
     // Returns the address with the port in use. Throws std::runtime_error.
     std::string Listen(const std::string& strAddress);
 

@@ -26,7 +26,7 @@ class CTerminal
     // Takes no more input.
     void Close();
 
-    // Runs print, which writes to std::cout, below what stands there, and shows the prompt again.
+    // Runs print, which writes to std::cout, below what is there, and shows the prompt again.
     // From within a print it only runs it.
     void Show(const std::function<void()>& print);
 

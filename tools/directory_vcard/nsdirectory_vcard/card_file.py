@@ -45,7 +45,7 @@ class Property:
                 for part in vobject.vcard.splitFields(self.closed_value())]
 
     def closed_value(self):
-        """A backslash at the very end stands for itself."""
+        """A backslash at the very end is itself."""
         count = len(self.value) - len(self.value.rstrip("\\"))
         return self.value + "\\" * (count % 2)
 
@@ -110,7 +110,7 @@ def split_cards(data):
 
 
 def is_agent(lines, marks, place):
-    """Whether the card that begins here stands whole inside another one, as 2.1 has it."""
+    """Whether the card that begins here is whole inside another one, as 2.1 has it."""
     if not AGENT.fullmatch(lines[place - 1]):
         return False
     return list(itertools.islice(filter(None, marks[place + 1:]), 2)) == [b"END", b"END"]
